@@ -1,0 +1,40 @@
+# The shapes that every target of the tree takes: a library per folder, a test binary per library.
+
+add_library(pimloft_options INTERFACE)
+target_include_directories(pimloft_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
+target_compile_options(pimloft_options INTERFACE -Wall -Wextra -Werror)
+target_compile_definitions(pimloft_options INTERFACE QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_DEPRECATED_WARNINGS_SINCE=0x060400)
+if(PIMLOFT_SANITIZE)
+    target_compile_options(pimloft_options INTERFACE -fsanitize=${PIMLOFT_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    target_link_options(pimloft_options INTERFACE -fsanitize=${PIMLOFT_SANITIZE})
+endif()
+
+# pimloft_library(name SOURCES ... LINK ...): a static library of the tree.
+function(pimloft_library name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    qt_add_library(${name} STATIC ${ARG_SOURCES})
+    target_link_libraries(${name} PUBLIC pimloft_options ${ARG_LINK})
+    # Lets a QML module in another target register these types for its pages.
+    qt_extract_metatypes(${name})
+endfunction()
+
+# pimloft_qml_library(name URI uri QML_FILES ... SOURCES ... LINK ...): a static library with a QML module.
+function(pimloft_qml_library name)
+    cmake_parse_arguments(ARG "" "URI" "QML_FILES;SOURCES;LINK;RESOURCES" ${ARGN})
+    qt_add_library(${name} STATIC)
+    qt_add_qml_module(${name} URI ${ARG_URI} RESOURCE_PREFIX /qt/qml
+        QML_FILES ${ARG_QML_FILES} SOURCES ${ARG_SOURCES} RESOURCES ${ARG_RESOURCES})
+    target_link_libraries(${name} PUBLIC pimloft_options ${ARG_LINK})
+endfunction()
+
+# pimloft_test(name SOURCES ... LINK ...): one test binary; each of its tests is a test of ctest.
+function(pimloft_test name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK;LABELS" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(${name} PRIVATE pimloft_options pimloft_test_main ${ARG_LINK})
+    if(NOT ARG_LABELS)
+        set(ARG_LABELS unit)
+    endif()
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
+        PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT 120)
+endfunction()

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "app/hotkey_manager.h"
+
+#include "app/process.h"
+#include "platform/hotkeys/hotkeys.h"
+
+#include <limits>
+
+namespace pimloft {
+
+HotkeyManager &HotkeyManager::shared() {
+    return Process::current().shared<HotkeyManager>(
+        [](Process &process) { return std::make_unique<HotkeyManager>(process.platform().hotkeys); });
+}
+
+HotkeyManager::HotkeyManager(HotkeyService &service) : service_(service) {
+    service_.onPressed = [this](HotkeyId id) { pressed(std::uint32_t(id)); };
+}
+
+HotkeyManager::~HotkeyManager() {
+    service_.onPressed = nullptr;
+}
+
+std::uint32_t HotkeyManager::registerHotkey(KeyCode keyCode, CarbonModifiers modifiers, Action handler) {
+    if (nextID_ == std::numeric_limits<std::uint32_t>::max())
+        qFatal("Hotkey ids are used up");
+    const std::uint32_t id = nextID_++;
+    if (!service_.grant(keyCode, modifiers, HotkeyId(id))) {
+        refused_.insert({keyCode, modifiers});
+        return id;
+    }
+    refused_.erase({keyCode, modifiers});
+    registeredHotkeys_.emplace(id, std::move(handler));
+    return id;
+}
+
+void HotkeyManager::unregister(std::uint32_t id) {
+    registeredHotkeys_.erase(id);
+}
+
+bool HotkeyManager::isRefused(KeyCode keyCode, CarbonModifiers modifiers) const {
+    return refused_.contains({keyCode, modifiers});
+}
+
+void HotkeyManager::pressed(std::uint32_t id) {
+    const auto found = registeredHotkeys_.find(id);
+    if (found == registeredHotkeys_.end())
+        return;
+    QMetaObject::invokeMethod(this, found->second, Qt::QueuedConnection);
+}
+
+}  // namespace pimloft

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QUrl>
+#include <QVariantMap>
+
+namespace pimloft {
+
+/// A view that the user interface can load without knowing its type. A value; any thread.
+struct Page {
+    QUrl source;             ///< where the view is
+    QVariantMap properties;  ///< what it is given; objects in it outlive the view
+};
+
+}  // namespace pimloft

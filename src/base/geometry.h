@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPointF>
+#include <QRectF>
+
+/// Edges of rectangles in a space whose y grows upwards, where QRectF::top() would be the lower edge.
+/// Pure; any thread.
+namespace pimloft {
+
+inline double minX(const QRectF &rect) {
+    return rect.x();
+}
+inline double midX(const QRectF &rect) {
+    return rect.x() + rect.width() / 2;
+}
+inline double maxX(const QRectF &rect) {
+    return rect.x() + rect.width();
+}
+inline double minY(const QRectF &rect) {
+    return rect.y();
+}
+inline double midY(const QRectF &rect) {
+    return rect.y() + rect.height() / 2;
+}
+inline double maxY(const QRectF &rect) {
+    return rect.y() + rect.height();
+}
+
+/// Mirrors a rectangle between a top-left and a bottom-left origin; `height` is the primary display's.
+inline QRectF flipped(const QRectF &rect, double height) {
+    return {rect.x(), height - rect.y() - rect.height(), rect.width(), rect.height()};
+}
+
+/// Mirrors a point in the same way.
+inline QPointF flipped(QPointF point, double height) {
+    return {point.x(), height - point.y()};
+}
+
+}  // namespace pimloft

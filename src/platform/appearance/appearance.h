@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+
+namespace pimloft {
+
+/// How the user wants the desktop to look. Main thread.
+class AppearanceService {
+public:
+    virtual ~AppearanceService() = default;
+
+    /// Light where the desktop says nothing.
+    virtual bool isDark() const = 0;
+
+    /// Called, queued, after the user changed it.
+    std::function<void()> onChanged;
+};
+
+}  // namespace pimloft

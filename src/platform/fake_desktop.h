@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/appearance/fake_appearance.h"
+#include "platform/diagnosis/fake_diagnosis.h"
+#include "platform/dialogs/fake_dialogs.h"
+#include "platform/displays/fake_displays.h"
+#include "platform/events/fake_events.h"
+#include "platform/hotkeys/fake_hotkeys.h"
+#include "platform/loginitem/fake_login_item.h"
+#include "platform/panels/fake_panels.h"
+#include "platform/pasteboard/fake_pasteboard.h"
+#include "platform/platform.h"
+#include "platform/preferences/fake_preferences.h"
+#include "platform/windows/fake_windows.h"
+#include "platform/workspace/fake_workspace.h"
+
+namespace pimloft {
+
+/// A whole desktop for tests: every service strict and recording into one log.
+class FakeDesktop {
+    FakeLog log_;
+
+public:
+    FakeAppearance appearance;
+    FakeDiagnosis diagnosis;
+    FakeDialogs dialogs{log_};
+    FakeDisplays displays;
+    FakeHotkeys hotkeys{log_};
+    FakeKeyPoster keys{log_};
+    FakeKeyTap keyTap{log_};
+    FakeLoginItem loginItem{log_};
+    FakeMouseWatch mouse{log_};
+    FakePanels panels{log_};
+    FakePasteboard pasteboard{log_};
+    FakePreferences preferences{log_};
+    FakeWindows windows{log_};
+    FakeWorkspace workspace{log_};
+
+    Platform platform() {
+        return {.appearance = appearance,
+                .diagnosis = diagnosis,
+                .dialogs = dialogs,
+                .displays = displays,
+                .hotkeys = hotkeys,
+                .keys = keys,
+                .loginItem = loginItem,
+                .mouse = mouse,
+                .panels = panels,
+                .preferences = preferences,
+                .windows = windows,
+                .workspace = workspace};
+    }
+
+    /// What was asked of the desktop since the last call, one line each.
+    std::string log() { return log_.take(); }
+};
+
+}  // namespace pimloft

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace pimloft {
+
+/// What a second launch can ask of the running one.
+enum class InstanceCommand { openPopover, openSettings, quit, doctor };
+
+/// The one running Pimloft of this desktop login. Main thread.
+class Instance {
+public:
+    virtual ~Instance() = default;
+
+    /// Answers a command; the text goes to the asking process's standard output.
+    std::function<QString(InstanceCommand)> onCommand;
+};
+
+/// Becomes the running instance. Nothing when there is one already. `runtime` is the login's private folder.
+std::unique_ptr<Instance> claimInstance(const QString &runtime);
+
+/// Asks the running instance and waits for its answer, at most 5 s. Nothing when none answers. Needs no
+/// QApplication, only a QCoreApplication.
+std::optional<QString> askInstance(const QString &runtime, InstanceCommand command);
+
+}  // namespace pimloft

@@ -1,0 +1,11 @@
+# The Linux/X11 realisation of every service.
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(XCB REQUIRED IMPORTED_TARGET
+    xcb xcb-randr xcb-res xcb-shape xcb-xfixes xcb-xinput xcb-xkb xcb-xtest)
+
+pimloft_library(pimloft_platform_linux
+    SOURCES
+        x11/point_space.cpp x11/point_space.h
+        x11/x11_session.cpp x11/x11_session.h
+        displays/x11_displays.cpp displays/x11_displays.h
+    LINK pimloft_platform PkgConfig::XCB Qt6::Widgets Qt6::DBus Qt6::Network)

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+namespace pimloft {
+
+struct Dirs;
+class AppearanceService;
+class DiagnosisService;
+class DialogService;
+class DisplayService;
+class HotkeyService;
+class KeyPoster;
+class LoginItemService;
+class MouseWatch;
+class PanelService;
+class PreferencesService;
+class WindowService;
+class WorkspaceService;
+
+/// Everything that the program asks of an operating system: one reference per service. Main thread.
+struct Platform {
+    AppearanceService &appearance;
+    DiagnosisService &diagnosis;
+    DialogService &dialogs;
+    DisplayService &displays;
+    HotkeyService &hotkeys;
+    KeyPoster &keys;
+    LoginItemService &loginItem;
+    MouseWatch &mouse;
+    PanelService &panels;
+    PreferencesService &preferences;
+    WindowService &windows;
+    WorkspaceService &workspace;
+};
+
+/// Owns the services of the operating system that the program was built for.
+class Host {
+public:
+    virtual ~Host() = default;
+    virtual Platform platform() = 0;
+};
+
+/// To be called once, with the QApplication in place. Never fails: what the desktop lacks is refused by the
+/// service that needs it.
+std::unique_ptr<Host> createHost(const Dirs &dirs);
+
+}  // namespace pimloft

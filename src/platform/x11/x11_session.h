@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+
+#include <xcb/xcb.h>
+
+#include <array>
+#include <cstdlib>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+class QSocketNotifier;
+
+namespace pimloft {
+
+/// Owns what xcb answers.
+struct XcbFree {
+    void operator()(void *memory) const { std::free(memory); }
+};
+template <typename T>
+using XcbReply = std::unique_ptr<T, XcbFree>;
+
+/// The Linux services' own connection to the X server, apart from Qt's. Main thread.
+///
+/// Errors never end the program: what fails gives an empty answer.
+class X11Session : public QObject {
+    Q_OBJECT
+
+public:
+    /// Connects to $DISPLAY.
+    X11Session();
+    ~X11Session() override;
+
+    xcb_connection_t *connection() const { return connection_; }
+    xcb_window_t root() const { return root_; }
+    bool isConnected() const { return !xcb_connection_has_error(connection_); }
+
+    /// Interned once.
+    xcb_atom_t atom(const char *name);
+
+    /// A property's values in its own format (32 or 8 bits); empty when it or the window is missing.
+    std::vector<std::uint32_t> property32(xcb_window_t window, xcb_atom_t name);
+    QByteArray property8(xcb_window_t window, xcb_atom_t name);
+
+    /// Adds to the events that the server reports of a window. Nothing is ever taken away again, so that the
+    /// services that share the connection do not end each other's events.
+    void select(xcb_window_t window, std::uint32_t eventMask);
+
+    /// Sends a client message for `window` to the window manager.
+    void sendToRoot(xcb_window_t window, xcb_atom_t type, const std::array<std::uint32_t, 5> &data);
+
+    /// Returns when the server has carried out everything that was asked of it.
+    void roundTrip();
+
+    /// Every event goes to every handler. The handler stays until its subscription is destroyed.
+    using Handler = std::function<void(const xcb_generic_event_t &)>;
+    class Subscription {
+    public:
+        Subscription(X11Session &session, std::uint32_t key) : session_(session), key_(key) {}
+        ~Subscription() { session_.handlers_.erase(key_); }
+        Subscription(const Subscription &) = delete;
+        Subscription &operator=(const Subscription &) = delete;
+
+    private:
+        X11Session &session_;
+        std::uint32_t key_;
+    };
+    [[nodiscard]] std::unique_ptr<Subscription> subscribe(Handler handler);
+
+    /// The type of an event without the mark of events that another client sent.
+    static int type(const xcb_generic_event_t &event) { return event.response_type & 0x7f; }
+
+private:
+    void dispatch(bool readSocket);
+    XcbReply<xcb_get_property_reply_t> property(xcb_window_t window, xcb_atom_t name);
+
+    xcb_connection_t *connection_;
+    xcb_window_t root_ = XCB_NONE;
+    std::unique_ptr<QSocketNotifier> notifier_;
+    std::unordered_map<std::string, xcb_atom_t> atoms_;
+    std::unordered_map<xcb_window_t, std::uint32_t> masks_;
+    std::map<std::uint32_t, Handler> handlers_;
+    std::uint32_t nextHandler_ = 1;
+};
+
+}  // namespace pimloft

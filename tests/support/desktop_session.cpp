@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+#include "support/desktop_session.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QThread>
+
+#include <csignal>
+#include <cstdlib>
+#include <sys/prctl.h>
+#include <unistd.h>
+
+namespace pimloft::test {
+
+namespace {
+
+/// A process that dies with this one. Its output joins the test's, so that a failing test shows it.
+std::unique_ptr<QProcess> makeProcess(const QProcessEnvironment &environment) {
+    auto process = std::make_unique<QProcess>();
+    process->setProcessEnvironment(environment);
+    process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process->setChildProcessModifier([parent = getpid()] {
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        if (getppid() != parent)
+            _exit(1);
+    });
+    return process;
+}
+
+void end(std::unique_ptr<QProcess> &process) {
+    if (!process)
+        return;
+    process->terminate();
+    if (!process->waitForFinished(2000)) {
+        process->kill();
+        process->waitForFinished(2000);
+    }
+    process.reset();
+}
+
+[[noreturn]] void fail(const QString &what) {
+    qFatal("%s", qPrintable(what));
+}
+
+/// Waits for the first line that a process prints.
+QByteArray firstLine(QProcess &process, const QString &name) {
+    if (!process.waitForStarted())
+        fail(name + QStringLiteral(" cannot be started"));
+    while (!process.canReadLine())
+        if (!process.waitForReadyRead(10000))
+            fail(name + QStringLiteral(" does not come up"));
+    return process.readLine().trimmed();
+}
+
+}  // namespace
+
+DesktopSession::DesktopSession(const Options &options)
+    : environment_(QProcessEnvironment::systemEnvironment()) {
+    const QString base = home_.path();
+    const std::pair<QString, QString> folders[] = {
+        {QStringLiteral("HOME"), base},
+        {QStringLiteral("XDG_CONFIG_HOME"), base + QStringLiteral("/config")},
+        {QStringLiteral("XDG_DATA_HOME"), base + QStringLiteral("/data")},
+        {QStringLiteral("XDG_CACHE_HOME"), base + QStringLiteral("/cache")},
+        {QStringLiteral("XDG_RUNTIME_DIR"), base + QStringLiteral("/runtime")},
+    };
+    for (const auto &[name, path] : folders) {
+        QDir().mkpath(path);
+        environment_.insert(name, path);
+    }
+    QFile::setPermissions(base + QStringLiteral("/runtime"),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    environment_.insert(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("x11"));
+    environment_.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    environment_.insert(QStringLiteral("NO_AT_BRIDGE"), QStringLiteral("1"));
+    environment_.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    startServer(options);
+    startBus();
+    for (const QString &name : environment_.keys())
+        qputenv(name.toUtf8().constData(), environment_.value(name).toUtf8());
+    if (!options.windowManager.isEmpty())
+        startWindowManager(options.windowManager);
+}
+
+DesktopSession::~DesktopSession() {
+    end(windowManager_);
+    end(bus_);
+    end(server_);
+}
+
+void DesktopSession::startServer(const Options &options) {
+    server_ = makeProcess(environment_);
+    server_->start(QStringLiteral("Xvfb"),
+                   QStringList{QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                               QStringLiteral("0"), options.screen, QStringLiteral("-nolisten"),
+                               QStringLiteral("tcp"), QStringLiteral("-noreset")} +
+                       options.serverArguments);
+    environment_.insert(QStringLiteral("DISPLAY"),
+                        QLatin1Char(':') + QString::fromLatin1(firstLine(*server_, QStringLiteral("Xvfb"))));
+}
+
+void DesktopSession::startBus() {
+    bus_ = makeProcess(environment_);
+    bus_->start(QStringLiteral("dbus-daemon"), {QStringLiteral("--session"), QStringLiteral("--nofork"),
+                                                QStringLiteral("--print-address=1")});
+    environment_.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
+                        QString::fromLatin1(firstLine(*bus_, QStringLiteral("dbus-daemon"))));
+}
+
+std::unique_ptr<QProcess> DesktopSession::start(const QString &program, const QStringList &arguments) const {
+    auto process = makeProcess(environment_);
+    process->start(program, arguments);
+    if (!process->waitForStarted())
+        fail(program + QStringLiteral(" cannot be started"));
+    return process;
+}
+
+QString DesktopSession::run(const QString &program, const QStringList &arguments) const {
+    const auto process = start(program, arguments);
+    if (!process->waitForFinished())
+        fail(program + QStringLiteral(" does not end"));
+    return QString::fromUtf8(process->readAllStandardOutput());
+}
+
+void DesktopSession::startWindowManager(const QString &name) {
+    windowManager_ = start(name);
+    const bool up = waitUntil([this] {
+        return run(QStringLiteral("xprop"),
+                   {QStringLiteral("-root"), QStringLiteral("_NET_SUPPORTING_WM_CHECK")})
+            .contains(QStringLiteral("window id"));
+    });
+    if (!up)
+        fail(name + QStringLiteral(" does not manage the display"));
+}
+
+void DesktopSession::stopWindowManager() {
+    end(windowManager_);
+}
+
+bool waitUntil(const std::function<bool()> &condition, int milliseconds) {
+    QElapsedTimer elapsed;
+    elapsed.start();
+    while (!condition()) {
+        if (elapsed.hasExpired(milliseconds))
+            return condition();
+        // What is waited for may happen in another process, which sends this one no event.
+        if (QCoreApplication::instance())
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+        QThread::msleep(2);
+    }
+    return true;
+}
+
+}  // namespace pimloft::test
