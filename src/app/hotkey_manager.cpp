@@ -25,12 +25,10 @@ std::uint32_t HotkeyManager::registerHotkey(KeyCode keyCode, CarbonModifiers mod
     if (nextID_ == std::numeric_limits<std::uint32_t>::max())
         qFatal("Hotkey ids are used up");
     const std::uint32_t id = nextID_++;
-    if (!service_.grant(keyCode, modifiers, HotkeyId(id))) {
-        refused_.insert({keyCode, modifiers});
-        return id;
-    }
-    refused_.erase({keyCode, modifiers});
-    registeredHotkeys_.emplace(id, std::move(handler));
+    const bool granted = service_.grant(keyCode, modifiers, HotkeyId(id));
+    if (granted)
+        registeredHotkeys_.emplace(id, std::move(handler));
+    noteRefusal(keyCode, modifiers, !granted);
     return id;
 }
 
@@ -40,6 +38,13 @@ void HotkeyManager::unregister(std::uint32_t id) {
 
 bool HotkeyManager::isRefused(KeyCode keyCode, CarbonModifiers modifiers) const {
     return refused_.contains({keyCode, modifiers});
+}
+
+void HotkeyManager::noteRefusal(KeyCode keyCode, CarbonModifiers modifiers, bool refused) {
+    const std::pair combination(keyCode, modifiers);
+    const bool changes = refused ? refused_.insert(combination).second : refused_.erase(combination) > 0;
+    if (changes)
+        emit refusedChanged();
 }
 
 void HotkeyManager::pressed(std::uint32_t id) {

@@ -35,7 +35,12 @@ public:
     /// Whether the desktop refused this combination when it was last asked for.
     bool isRefused(KeyCode keyCode, CarbonModifiers modifiers) const;
 
+signals:
+    /// Another combination is refused, or one no longer is.
+    void refusedChanged();
+
 private:
+    void noteRefusal(KeyCode keyCode, CarbonModifiers modifiers, bool refused);
     void pressed(std::uint32_t id);
 
     HotkeyService &service_;
