@@ -14,11 +14,13 @@ using namespace std::chrono_literals;
 constexpr auto stillness = 20ms;
 /// For a window that never keeps still.
 constexpr auto longestUnrest = 150ms;
-constexpr auto longestLeaving = 300ms;
+/// After a request that changes nothing.
 constexpr auto longestSilence = 60ms;
 constexpr auto watchTime = 250ms;
+/// Where nothing happened at all: the window manager may be held up, and has the requests still before it.
+constexpr auto patience = 2s;
 constexpr int mostRequests = 5;
-constexpr int mostCorrections = 1;
+constexpr int mostCorrections = 2;
 
 constexpr std::uint32_t northWestGravity = 1;
 constexpr std::uint32_t staticGravity = 10;
@@ -54,7 +56,7 @@ X11Placement::X11Placement(X11Session &session, xcb_window_t window) : session_(
     for (QTimer *timer : {&quiet_, &limit_}) {
         timer->setSingleShot(true);
         timer->setTimerType(Qt::PreciseTimer);
-        connect(timer, &QTimer::timeout, this, &X11Placement::proceed);
+        connect(timer, &QTimer::timeout, this, &X11Placement::handleTimeout);
     }
     session_.select(window_, XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE);
     events_ = session_.subscribe([this](const xcb_generic_event_t &event) { handle(event); });
@@ -64,12 +66,8 @@ X11Placement::~X11Placement() = default;
 
 void X11Placement::moveTo(const QRect &frame) {
     target_ = frame;
-    requests_ = 0;
     corrections_ = 0;
-    answer_.reset();
-    // Where the window is already leaving its state, the request that follows asks for the new frame.
-    if (phase_ != Phase::leaving && phase_ != Phase::calming)
-        leaveStates();
+    begin();
 }
 
 void X11Placement::handle(const xcb_generic_event_t &event) {
@@ -80,10 +78,7 @@ void X11Placement::handle(const xcb_generic_event_t &event) {
         break;
     case XCB_PROPERTY_NOTIFY: {
         const auto &notice = reinterpret_cast<const xcb_property_notify_event_t &>(event);
-        const bool isOfFrame =
-            std::any_of(framePropertyNames.begin(), framePropertyNames.end(),
-                        [&](const char *name) { return notice.atom == session_.atom(name); });
-        if (notice.window == window_ && isOfFrame)
+        if (notice.window == window_ && isOfFrame(notice.atom))
             handleActivity();
         break;
     }
@@ -94,65 +89,43 @@ void X11Placement::handle(const xcb_generic_event_t &event) {
     }
 }
 
-void X11Placement::handleActivity() {
-    switch (phase_) {
-    case Phase::leaving:
-        if (heldGroups().empty()) {
-            phase_ = Phase::calming;
-            quiet_.start(stillness);
-            limit_.start(longestUnrest);
-        }
-        break;
-    case Phase::moving:
-        // The first answer; now it is stillness that counts.
-        if (!quiet_.isActive())
-            limit_.start(longestUnrest);
-        quiet_.start(stillness);
-        break;
-    case Phase::calming:
-    case Phase::watching:
-        quiet_.start(stillness);
-        break;
-    case Phase::ended:
-        break;
-    }
+bool X11Placement::isOfFrame(xcb_atom_t property) {
+    return std::any_of(framePropertyNames.begin(), framePropertyNames.end(),
+                       [&](const char *name) { return property == session_.atom(name); });
 }
 
-void X11Placement::proceed() {
+void X11Placement::handleActivity() {
+    if (phase_ == Phase::ended)
+        return;
+    // After the first answer it is stillness that counts, and not for ever.
+    if (phase_ == Phase::moving && !quiet_.isActive())
+        limit_.start(longestUnrest);
+    isAnswered_ = true;
+    quiet_.start(stillness);
+}
+
+void X11Placement::handleTimeout() {
     const bool isPhaseOver = !limit_.isActive();
     quiet_.stop();
-    switch (phase_) {
-    case Phase::leaving:
-    case Phase::calming:
-        request();
-        break;
-    case Phase::moving:
-        judge();
-        break;
-    case Phase::watching:
-        review();
-        if (phase_ == Phase::watching && isPhaseOver)
+    const auto geometry = readGeometry(session_, window_);
+    if (!geometry) {
+        finish();
+        return;
+    }
+    if (phase_ == Phase::moving) {
+        judge(geometry->frame());
+    } else if (phase_ == Phase::watching) {
+        review(geometry->frame());
+        if (isPhaseOver && phase_ == Phase::watching)
             finish();
-        break;
-    case Phase::ended:
-        break;
     }
 }
 
-void X11Placement::leaveStates() {
-    const auto groups = heldGroups();
-    if (groups.empty()) {
-        request();
-        return;
-    }
-    constexpr std::uint32_t remove = 0;
-    constexpr std::uint32_t fromPager = 2;
-    for (const StateGroup &group : groups)
-        session_.sendToRoot(window_, session_.atom("_NET_WM_STATE"),
-                            {remove, group[0], group[1], fromPager, 0});
-    phase_ = Phase::leaving;
-    quiet_.stop();
-    limit_.start(longestLeaving);
+void X11Placement::begin() {
+    requests_ = 0;
+    answer_.reset();
+    isAnswered_ = false;
+    request();
 }
 
 void X11Placement::request() {
@@ -161,10 +134,17 @@ void X11Placement::request() {
         finish();
         return;
     }
-    ++requests_;
-    phase_ = Phase::moving;
+    constexpr std::uint32_t remove = 0;
+    constexpr std::uint32_t fromPager = 2;
+    for (const StateGroup &group : heldGroups())
+        session_.sendToRoot(window_, session_.atom("_NET_WM_STATE"),
+                            {remove, group[0], group[1], fromPager, 0});
+    // The window manager takes these in order. Where leaving the state changed the decorations, this frame is
+    // off by them, and the next request is right.
     session_.sendToRoot(window_, session_.atom("_NET_MOVERESIZE_WINDOW"),
                         moveResizeMessage(target_, geometry->extents, hasStaticGravity()));
+    ++requests_;
+    phase_ = Phase::moving;
     limit_.start(longestSilence);
     // A window that stands there already may be told nothing.
     if (geometry->frame() == target_)
@@ -173,36 +153,24 @@ void X11Placement::request() {
         quiet_.stop();
 }
 
-void X11Placement::judge() {
-    const auto geometry = readGeometry(session_, window_);
-    if (!geometry) {
-        finish();
-        return;
-    }
-    const QRect frame = geometry->frame();
+void X11Placement::judge(const QRect &frame) {
     const bool isThere = frame == target_ && heldGroups().empty();
     if (isThere || answer_ == frame || requests_ == mostRequests) {
         settle(frame);
         return;
     }
     answer_ = frame;
-    leaveStates();
+    request();
 }
 
 void X11Placement::settle(const QRect &frame) {
     settled_ = frame;
     phase_ = Phase::watching;
-    quiet_.stop();
-    limit_.start(watchTime);
+    limit_.start(isAnswered_ || frame == target_ ? watchTime : patience);
 }
 
-void X11Placement::review() {
-    const auto geometry = readGeometry(session_, window_);
-    if (!geometry) {
-        finish();
-        return;
-    }
-    if (geometry->frame() == settled_ && heldGroups().empty())
+void X11Placement::review(const QRect &frame) {
+    if ((frame == settled_ || frame == target_) && heldGroups().empty())
         return;
     // Whoever holds a button is moving the window by hand.
     if (corrections_ == mostCorrections || isButtonDown()) {
@@ -210,9 +178,7 @@ void X11Placement::review() {
         return;
     }
     ++corrections_;
-    requests_ = 0;
-    answer_.reset();
-    leaveStates();
+    begin();
 }
 
 void X11Placement::finish() {

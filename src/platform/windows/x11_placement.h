@@ -20,10 +20,10 @@ std::array<std::uint32_t, 5> moveResizeMessage(const QRect &frame, const QMargin
 
 /// Brings one window to a frame, however the window manager goes about it. Main thread; never waits.
 ///
-/// A maximised, fullscreen or shaded window is first told to leave that state. Then it is asked for the
-/// frame, again and with its decorations read anew, until it stands there, or has answered two requests alike
-/// and so will not come closer. After that it is watched for a moment: a window manager may still be
-/// finishing a move of its own, and the frame asked for here is to be the last one.
+/// The window is told to leave a maximised, fullscreen or shaded state and asked for the frame, again and
+/// with its decorations read anew, until it stands there, or has answered two requests alike and so will not
+/// come closer. After that it is watched for a moment: a window manager may still be finishing a move of its
+/// own, a program may still be changing its shadow, and the frame asked for here is to be the last one.
 class X11Placement : public QObject {
     Q_OBJECT
 
@@ -35,7 +35,7 @@ public:
     void moveTo(const QRect &frame);
 
     /// Whether the window is still on its way.
-    bool isPending() const { return phase_ != Phase::watching && phase_ != Phase::ended; }
+    bool isPending() const { return phase_ == Phase::moving; }
 
 signals:
     /// Nothing more will be done: the window has settled, or is gone.
@@ -43,21 +43,20 @@ signals:
 
 private:
     enum class Phase {
-        leaving,   ///< told to leave its state; the state's atoms are still there
-        calming,   ///< they are gone; the window manager may still restore the frame
         moving,    ///< asked for the frame
         watching,  ///< settled
         ended,
     };
 
     void handle(const xcb_generic_event_t &event);
+    bool isOfFrame(xcb_atom_t property);
     void handleActivity();
-    void proceed();
-    void leaveStates();
+    void handleTimeout();
+    void begin();
     void request();
-    void judge();
+    void judge(const QRect &frame);
     void settle(const QRect &frame);
-    void review();
+    void review(const QRect &frame);
     void finish();
 
     /// One or two states that are left with one message.
@@ -73,8 +72,9 @@ private:
     int requests_ = 0;
     int corrections_ = 0;
     std::optional<QRect> answer_;  ///< to the request before
+    bool isAnswered_ = false;      ///< something happened since the first request
     QRect settled_;
-    QTimer quiet_;  ///< runs out when the window has been still for a while
+    QTimer quiet_;  ///< runs out when the window has been still for a moment
     QTimer limit_;  ///< runs out when a phase has lasted too long
     std::unique_ptr<X11Session::Subscription> events_;
 };
