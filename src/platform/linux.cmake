@@ -6,6 +6,15 @@ pkg_check_modules(XCB REQUIRED IMPORTED_TARGET
 pimloft_library(pimloft_platform_linux
     SOURCES
         x11/point_space.cpp x11/point_space.h
+        x11/x11_active_window.cpp x11/x11_active_window.h
+        x11/x11_obstacle.cpp x11/x11_obstacle.h
         x11/x11_session.cpp x11/x11_session.h
+        x11/x11_window_geometry.cpp x11/x11_window_geometry.h
+        x11/x11_window_info.cpp x11/x11_window_info.h
+        displays/monitor_list.cpp displays/monitor_list.h
+        displays/work_area.cpp displays/work_area.h
         displays/x11_displays.cpp displays/x11_displays.h
+        displays/x11_struts.cpp displays/x11_struts.h
+        windows/x11_placement.cpp windows/x11_placement.h
+        windows/x11_windows.cpp windows/x11_windows.h
     LINK pimloft_platform PkgConfig::XCB Qt6::Widgets Qt6::DBus Qt6::Network)
