@@ -1,7 +1,7 @@
 # The Linux/X11 realisation of every service.
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET
-    xcb xcb-randr xcb-res xcb-shape xcb-xfixes xcb-xinput xcb-xkb xcb-xtest)
+    xcb xcb-randr xcb-res xcb-shape xcb-xfixes xcb-xinput xcb-xkb xcb-xtest xkbcommon xkbcommon-x11)
 
 pimloft_library(pimloft_platform_linux
     SOURCES
@@ -13,6 +13,14 @@ pimloft_library(pimloft_platform_linux
         x11/x11_window_info.cpp x11/x11_window_info.h
         displays/monitor_list.cpp displays/monitor_list.h
         displays/work_area.cpp displays/work_area.h
+        x11/key_positions.h
+        x11/x11_keyboard.cpp x11/x11_keyboard.h
+        x11/x11_keymap.cpp x11/x11_keymap.h
+        x11/x11_raw_input.cpp x11/x11_raw_input.h
+        events/shortcut_chord.h
+        events/x11_key_poster.cpp events/x11_key_poster.h
+        events/x11_mouse_watch.cpp events/x11_mouse_watch.h
+        hotkeys/x11_hotkeys.cpp hotkeys/x11_hotkeys.h
         displays/x11_displays.cpp displays/x11_displays.h
         displays/x11_struts.cpp displays/x11_struts.h
         windows/x11_placement.cpp windows/x11_placement.h
