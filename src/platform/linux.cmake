@@ -6,6 +6,8 @@ pkg_check_modules(XCB REQUIRED IMPORTED_TARGET
 pimloft_library(pimloft_platform_linux
     SOURCES
         x11/point_space.cpp x11/point_space.h
+        x11/x11_active_window.cpp x11/x11_active_window.h
         x11/x11_session.cpp x11/x11_session.h
+        x11/x11_window_info.cpp x11/x11_window_info.h
         displays/x11_displays.cpp displays/x11_displays.h
     LINK pimloft_platform PkgConfig::XCB Qt6::Widgets Qt6::DBus Qt6::Network)

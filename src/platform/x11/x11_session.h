@@ -41,12 +41,18 @@ public:
     xcb_window_t root() const { return root_; }
     bool isConnected() const { return !xcb_connection_has_error(connection_); }
 
+    /// Requests of an extension that is missing would end the connection: ask before the first one.
+    bool hasExtension(xcb_extension_t *extension);
+
     /// Interned once.
     xcb_atom_t atom(const char *name);
 
     /// A property's values in its own format (32 or 8 bits); empty when it or the window is missing.
     std::vector<std::uint32_t> property32(xcb_window_t window, xcb_atom_t name);
     QByteArray property8(xcb_window_t window, xcb_atom_t name);
+
+    /// Whether a window exists and is shown, unless another one covers it.
+    bool isMapped(xcb_window_t window);
 
     /// Adds to the events that the server reports of a window. Nothing is ever taken away again, so that the
     /// services that share the connection do not end each other's events.
@@ -78,6 +84,7 @@ public:
 
 private:
     void dispatch(bool readSocket);
+    void forgetLostWindow(const xcb_generic_event_t &event);
     XcbReply<xcb_get_property_reply_t> property(xcb_window_t window, xcb_atom_t name);
 
     xcb_connection_t *connection_;
