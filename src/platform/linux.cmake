@@ -2,6 +2,7 @@
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET
     xcb xcb-randr xcb-res xcb-shape xcb-xfixes xcb-xinput xcb-xkb xcb-xtest)
+pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-unix-2.0)
 
 pimloft_library(pimloft_platform_linux
     SOURCES
@@ -10,4 +11,6 @@ pimloft_library(pimloft_platform_linux
         x11/x11_session.cpp x11/x11_session.h
         x11/x11_window_info.cpp x11/x11_window_info.h
         displays/x11_displays.cpp displays/x11_displays.h
-    LINK pimloft_platform PkgConfig::XCB Qt6::Widgets Qt6::DBus Qt6::Network)
+        preferences/json_preferences.cpp preferences/json_preferences.h
+        preferences/preferences_document.cpp preferences/preferences_document.h
+    LINK pimloft_platform PkgConfig::XCB PkgConfig::GIO Qt6::Widgets Qt6::DBus Qt6::Network)

@@ -54,8 +54,8 @@ TEST(AtomicFile, leavesNothingBesideTheFile) {
     EXPECT_EQ(QDir(root.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("file")});
 }
 
-/// No file of this process grows beyond `bytes` for as long as it lives: what is over is cut off, then refused,
-/// as on a full disk.
+/// No file of this process grows beyond `bytes` for as long as it lives: what is over is cut off, then
+/// refused, as on a full disk.
 class FullDisk {
 public:
     explicit FullDisk(rlim_t bytes) {
