@@ -13,4 +13,15 @@ pimloft_library(pimloft_platform_linux
         displays/x11_displays.cpp displays/x11_displays.h
         preferences/json_preferences.cpp preferences/json_preferences.h
         preferences/preferences_document.cpp preferences/preferences_document.h
+        workspace/default_programs.cpp workspace/default_programs.h
+        workspace/desktop_entries.cpp workspace/desktop_entries.h
+        workspace/help_topics.cpp workspace/help_topics.h
+        workspace/identity_table.cpp workspace/identity_table.h
+        workspace/process_info.cpp workspace/process_info.h
+        workspace/program_directory.cpp workspace/program_directory.h
+        workspace/program_traits.h
+        workspace/running_programs.cpp workspace/running_programs.h
+        workspace/window_icon.cpp workspace/window_icon.h
+        workspace/x11_clients.cpp workspace/x11_clients.h
+        workspace/x11_workspace.cpp workspace/x11_workspace.h
     LINK pimloft_platform PkgConfig::XCB PkgConfig::GIO Qt6::Widgets Qt6::DBus Qt6::Network)
