@@ -22,7 +22,7 @@ endfunction()
 function(pimloft_qml_library name)
     cmake_parse_arguments(ARG "" "URI" "QML_FILES;SOURCES;LINK;RESOURCES" ${ARGN})
     qt_add_library(${name} STATIC)
-    qt_add_qml_module(${name} URI ${ARG_URI} RESOURCE_PREFIX /qt/qml
+    qt_add_qml_module(${name} URI ${ARG_URI} VERSION 1.0 RESOURCE_PREFIX /qt/qml
         QML_FILES ${ARG_QML_FILES} SOURCES ${ARG_SOURCES} RESOURCES ${ARG_RESOURCES})
     target_link_libraries(${name} PUBLIC pimloft_options ${ARG_LINK})
 endfunction()
