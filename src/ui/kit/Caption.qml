@@ -4,10 +4,13 @@ import QtQuick.Layouts
 
 /// What explains the row above it.
 Label {
+    /// Whether there is no row above it in its section.
+    property bool alone: false
+
     Layout.fillWidth: true
     leftPadding: Theme.unit * 4
     rightPadding: Theme.unit * 4
-    topPadding: Theme.unit
+    topPadding: alone ? bottomPadding : 0
     bottomPadding: Theme.unit * 3
     font: Theme.caption
     color: Theme.colors.secondaryText

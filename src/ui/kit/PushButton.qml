@@ -35,6 +35,6 @@ T.Button {
         }
     }
 
-    Keys.onReturnPressed: click()
-    Keys.onEnterPressed: click()
+    Keys.onReturnPressed: button.click()
+    Keys.onEnterPressed: button.click()
 }

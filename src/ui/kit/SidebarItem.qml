@@ -9,6 +9,7 @@ T.AbstractButton {
 
     property string symbol
     property bool selected: false
+    property bool focused: false
     readonly property color ink: selected ? Theme.colors.onAccent : Theme.colors.text
 
     Layout.fillWidth: true
@@ -41,5 +42,10 @@ T.AbstractButton {
     background: Rectangle {
         radius: Theme.controlRadius
         color: item.selected ? Theme.colors.accent : item.hovered ? Theme.colors.hovered : "transparent"
+
+        FocusRing {
+            control: item
+            visible: item.focused
+        }
     }
 }

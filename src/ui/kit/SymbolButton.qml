@@ -30,8 +30,8 @@ T.Button {
         }
     }
 
-    Keys.onReturnPressed: click()
-    Keys.onEnterPressed: click()
+    Keys.onReturnPressed: button.click()
+    Keys.onEnterPressed: button.click()
 
     Hint {
         text: button.text

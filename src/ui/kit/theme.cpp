@@ -143,9 +143,9 @@ QFont Theme::font(double factor, QFont::Weight weight) const {
     return font;
 }
 
-QFont Theme::keys() const {
+QFont Theme::keyFont(double factor) const {
     QFont keys = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    keys.setPixelSize(qRound(bodySize_ * 0.9));
+    keys.setPixelSize(qRound(bodySize_ * factor));
     return keys;
 }
 

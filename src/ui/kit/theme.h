@@ -90,6 +90,7 @@ class Theme : public QObject {
     Q_PROPERTY(QFont callout READ callout CONSTANT)
     Q_PROPERTY(QFont caption READ caption CONSTANT)
     Q_PROPERTY(QFont keys READ keys CONSTANT)
+    Q_PROPERTY(QFont keysCaption READ keysCaption CONSTANT)
     Q_PROPERTY(double unit MEMBER unit CONSTANT)
     Q_PROPERTY(double rowHeight READ rowHeight CONSTANT)
     Q_PROPERTY(double controlHeight READ controlHeight CONSTANT)
@@ -117,7 +118,8 @@ public:
     QFont callout() const { return font(0.95, QFont::Normal); }
     QFont caption() const { return font(0.86, QFont::Normal); }
     /// For the names of keys: all digits and carets equally wide.
-    QFont keys() const;
+    QFont keys() const { return keyFont(0.9); }
+    QFont keysCaption() const { return keyFont(0.82); }
 
     double rowHeight() const { return std::round(bodySize_ * 3.1); }
     double controlHeight() const { return std::round(bodySize_ * 2.1); }
@@ -130,6 +132,7 @@ signals:
 
 private:
     QFont font(double factor, QFont::Weight weight) const;
+    QFont keyFont(double factor) const;
     void read();
 
     AppearanceService &appearance_;
