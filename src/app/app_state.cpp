@@ -16,9 +16,7 @@ namespace {
 
 AppState::Modules makeModules() {
     SettingsManager &settings = SettingsManager::shared();
-    AccessibilityManager &accessibility = AccessibilityManager::shared();
-    return {.windowSnap =
-                std::make_unique<WindowSnapModule>(settings, accessibility, WindowSnapEngine::shared()),
+    return {.windowSnap = WindowSnapModule::create(),
             .clipboardPlus = std::make_unique<ClipboardModule>(settings),
             .finderFix = std::make_unique<FinderFixModule>(settings),
             .keyMapper = std::make_unique<KeyMapperModule>(settings),

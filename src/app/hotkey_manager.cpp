@@ -26,9 +26,9 @@ std::uint32_t HotkeyManager::registerHotkey(KeyCode keyCode, CarbonModifiers mod
         qFatal("Hotkey ids are used up");
     const std::uint32_t id = nextID_++;
     const bool granted = service_.grant(keyCode, modifiers, HotkeyId(id));
-    combinations_[{keyCode, modifiers}] = granted;
     if (granted)
         registeredHotkeys_.emplace(id, std::move(handler));
+    note({keyCode, modifiers}, granted);
     return id;
 }
 
@@ -39,6 +39,13 @@ void HotkeyManager::unregister(std::uint32_t id) {
 bool HotkeyManager::isRefused(KeyCode keyCode, CarbonModifiers modifiers) const {
     const auto found = combinations_.find({keyCode, modifiers});
     return found != combinations_.end() && !found->second;
+}
+
+void HotkeyManager::note(const Combination &combination, bool granted) {
+    const bool changes = isRefused(combination.first, combination.second) == granted;
+    combinations_[combination] = granted;
+    if (changes)
+        emit refusedChanged();
 }
 
 void HotkeyManager::pressed(std::uint32_t id) {

@@ -38,7 +38,12 @@ public:
     using Combination = std::pair<KeyCode, CarbonModifiers>;
     const std::map<Combination, bool> &combinations() const { return combinations_; }
 
+signals:
+    /// Another combination is refused, or one no longer is.
+    void refusedChanged();
+
 private:
+    void note(const Combination &combination, bool granted);
     void pressed(std::uint32_t id);
 
     HotkeyService &service_;

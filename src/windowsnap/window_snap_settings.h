@@ -42,8 +42,8 @@ public:
 /// What the page of window snapping shows and changes. Main thread.
 class WindowSnapSettings : public QObject {
     Q_OBJECT
-    Q_PROPERTY(double snapSensitivity READ snapSensitivity WRITE setSnapSensitivity NOTIFY
-                   snapSensitivityChanged)
+    Q_PROPERTY(
+        double snapSensitivity READ snapSensitivity WRITE setSnapSensitivity NOTIFY snapSensitivityChanged)
     Q_PROPERTY(QString snapSensitivityText READ snapSensitivityText NOTIFY snapSensitivityChanged)
     Q_PROPERTY(QVariantList shortcuts READ shortcuts NOTIFY shortcutsChanged)
     Q_PROPERTY(QVariantList layouts READ layouts CONSTANT)
