@@ -188,7 +188,8 @@ desktop_start() {
     trap 'desktop_end; exit 130' INT
     trap 'desktop_end; exit 143' TERM
     desktop_scale=$2
-    export HOME=$desktop_home
+    export HOME=$desktop_home/ada  # a file manager shows it
+    mkdir "$HOME"
     export XDG_CONFIG_HOME=$HOME/.config XDG_DATA_HOME=$HOME/.local/share XDG_CACHE_HOME=$HOME/.cache
     export XDG_RUNTIME_DIR=$HOME/.runtime XDG_SESSION_TYPE=x11 XDG_CURRENT_DESKTOP=Openbox
     unset WAYLAND_DISPLAY XAUTHORITY SESSION_MANAGER
@@ -227,9 +228,11 @@ desktop_start() {
 desktop_programs() {
     local background='#fbfbfd' foreground='#26262a'
     [ "$1" = dark ] && background='#1a1b20' foreground='#dcdce2'
+    cd "$HOME"
     spawn xterm -T Terminal -fa 'DejaVu Sans Mono' -fs $((10 * desktop_scale)) -bg "$background" -fg "$foreground" \
         -b $((8 * desktop_scale)) -geometry "72x18+$((90 * desktop_scale))+$((110 * desktop_scale))" \
         -e bash --rcfile "$HOME/.bashrc" -i
     spawn thunar --daemon
     spawn thunar "$HOME/Documents"
+    cd - >/dev/null
 }
