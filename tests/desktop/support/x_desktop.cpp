@@ -67,6 +67,18 @@ std::vector<xcb_window_t> XDesktop::windows() const {
     return property(screen_->root, "_NET_CLIENT_LIST").values();
 }
 
+bool XDesktop::isOf(xcb_window_t window, const QString &windowClass) const {
+    const auto name = property(window, "WM_CLASS").bytes;
+    const QByteArray bytes(reinterpret_cast<const char *>(name.data()), qsizetype(name.size()));
+    return bytes.split('\0').contains(windowClass.toUtf8());
+}
+
+std::vector<xcb_window_t> XDesktop::windowsOf(const QString &windowClass) const {
+    std::vector<xcb_window_t> found = windows();
+    std::erase_if(found, [&](xcb_window_t each) { return !isOf(each, windowClass); });
+    return found;
+}
+
 std::optional<xcb_window_t> XDesktop::window(const QString &wanted) const {
     for (const xcb_window_t each : windows())
         if (title(each) == wanted)
@@ -187,9 +199,7 @@ std::vector<QRect> XDesktop::unmanagedWindows(const QString &windowClass) const 
             connection_, xcb_get_window_attributes(connection_, children[i]), nullptr));
         if (!attributes || !attributes->override_redirect || attributes->map_state != XCB_MAP_STATE_VIEWABLE)
             continue;
-        const auto name = property(children[i], "WM_CLASS").bytes;
-        const QByteArray bytes(reinterpret_cast<const char *>(name.data()), qsizetype(name.size()));
-        if (bytes.split('\0').contains(windowClass.toUtf8()))
+        if (isOf(children[i], windowClass))
             found.push_back(visibleFrame(children[i]));
     }
     return found;

@@ -28,6 +28,7 @@ public:
 
     /// The windows that the window manager manages, and the one of that title.
     std::vector<xcb_window_t> windows() const;
+    std::vector<xcb_window_t> windowsOf(const QString &windowClass) const;
     std::optional<xcb_window_t> window(const QString &title) const;
     QString title(xcb_window_t window) const;
     /// _NET_WM_STATE without its prefix: "FULLSCREEN", "MAXIMIZED_VERT"...
@@ -47,7 +48,7 @@ public:
     /// Places the visible frame.
     void place(xcb_window_t window, const QRect &frame);
 
-    /// Windows that no window manager manages and that are on screen, of programs of this class.
+    /// Windows on screen that no window manager manages, of programs of this class.
     std::vector<QRect> unmanagedWindows(const QString &windowClass) const;
 
     /// Whether some other program has this combination. Takes it for no moment that anybody could notice.
@@ -67,6 +68,7 @@ private:
         std::vector<std::uint8_t> bytes;
         std::vector<std::uint32_t> values() const;
     };
+    bool isOf(xcb_window_t window, const QString &windowClass) const;
     xcb_atom_t atom(const QByteArray &name) const;
     Property property(xcb_window_t window, const char *name) const;
     std::vector<std::uint32_t> extents(xcb_window_t window, const char *name) const;
