@@ -8,7 +8,9 @@ pimloft_library(pimloft_platform_linux
     SOURCES
         x11/key_positions.h
         x11/point_space.cpp x11/point_space.h
+        x11/screen_lock.cpp x11/screen_lock.h
         x11/x11_active_window.cpp x11/x11_active_window.h
+        x11/x11_compositor.cpp x11/x11_compositor.h
         x11/x11_keyboard.cpp x11/x11_keyboard.h
         x11/x11_keymap.cpp x11/x11_keymap.h
         x11/x11_obstacle.cpp x11/x11_obstacle.h
@@ -20,10 +22,13 @@ pimloft_library(pimloft_platform_linux
         displays/work_area.cpp displays/work_area.h
         displays/x11_displays.cpp displays/x11_displays.h
         displays/x11_struts.cpp displays/x11_struts.h
-        events/shortcut_chord.h
         events/x11_key_poster.cpp events/x11_key_poster.h
         events/x11_mouse_watch.cpp events/x11_mouse_watch.h
         hotkeys/x11_hotkeys.cpp hotkeys/x11_hotkeys.h
+        panels/x11_overlay.cpp panels/x11_overlay.h
+        panels/x11_panel.cpp panels/x11_panel.h
+        panels/x11_panels.cpp panels/x11_panels.h
+        panels/x11_popup.cpp panels/x11_popup.h
         preferences/json_preferences.cpp preferences/json_preferences.h
         preferences/preferences_document.cpp preferences/preferences_document.h
         windows/x11_placement.cpp windows/x11_placement.h
