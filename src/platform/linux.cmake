@@ -10,7 +10,9 @@ pimloft_library(pimloft_platform_linux
         x11/x11_active_window.cpp x11/x11_active_window.h
         x11/x11_session.cpp x11/x11_session.h
         x11/x11_window_info.cpp x11/x11_window_info.h
+        dialogs/qt_dialogs.cpp dialogs/qt_dialogs.h
         displays/x11_displays.cpp displays/x11_displays.h
+        loginitem/xdg_login_item.cpp loginitem/xdg_login_item.h
         preferences/json_preferences.cpp preferences/json_preferences.h
         preferences/preferences_document.cpp preferences/preferences_document.h
         workspace/default_programs.cpp workspace/default_programs.h
