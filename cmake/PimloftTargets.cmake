@@ -18,11 +18,11 @@ function(pimloft_library name)
     qt_extract_metatypes(${name})
 endfunction()
 
-# pimloft_qml_library(name URI uri QML_FILES ... SOURCES ... LINK ...): a static library with a QML module.
+# pimloft_qml_library(name URI uri QML_FILES ... SOURCES ... LINK ... DEPENDENCIES ...): a static library with a QML module.
 function(pimloft_qml_library name)
-    cmake_parse_arguments(ARG "" "URI" "QML_FILES;SOURCES;LINK;RESOURCES" ${ARGN})
+    cmake_parse_arguments(ARG "" "URI" "QML_FILES;SOURCES;LINK;RESOURCES;DEPENDENCIES" ${ARGN})
     qt_add_library(${name} STATIC)
-    qt_add_qml_module(${name} URI ${ARG_URI} RESOURCE_PREFIX /qt/qml
+    qt_add_qml_module(${name} URI ${ARG_URI} VERSION 1.0 RESOURCE_PREFIX /qt/qml DEPENDENCIES QtQuick ${ARG_DEPENDENCIES}
         QML_FILES ${ARG_QML_FILES} SOURCES ${ARG_SOURCES} RESOURCES ${ARG_RESOURCES})
     target_link_libraries(${name} PUBLIC pimloft_options ${ARG_LINK})
 endfunction()
@@ -35,6 +35,13 @@ function(pimloft_test name)
     if(NOT ARG_LABELS)
         set(ARG_LABELS unit)
     endif()
+    # What `./dev test` builds of a sanitizer's preset: unit_tests, threaded_tests.
+    foreach(label IN LISTS ARG_LABELS)
+        if(NOT TARGET ${label}_tests)
+            add_custom_target(${label}_tests)
+        endif()
+        add_dependencies(${label}_tests ${name})
+    endforeach()
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
         PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT 120)
 endfunction()

@@ -25,12 +25,10 @@ std::uint32_t HotkeyManager::registerHotkey(KeyCode keyCode, CarbonModifiers mod
     if (nextID_ == std::numeric_limits<std::uint32_t>::max())
         qFatal("Hotkey ids are used up");
     const std::uint32_t id = nextID_++;
-    if (!service_.grant(keyCode, modifiers, HotkeyId(id))) {
-        refused_.insert({keyCode, modifiers});
-        return id;
-    }
-    refused_.erase({keyCode, modifiers});
-    registeredHotkeys_.emplace(id, std::move(handler));
+    const bool granted = service_.grant(keyCode, modifiers, HotkeyId(id));
+    if (granted)
+        registeredHotkeys_.emplace(id, std::move(handler));
+    note({keyCode, modifiers}, granted);
     return id;
 }
 
@@ -39,7 +37,15 @@ void HotkeyManager::unregister(std::uint32_t id) {
 }
 
 bool HotkeyManager::isRefused(KeyCode keyCode, CarbonModifiers modifiers) const {
-    return refused_.contains({keyCode, modifiers});
+    const auto found = combinations_.find({keyCode, modifiers});
+    return found != combinations_.end() && !found->second;
+}
+
+void HotkeyManager::note(const Combination &combination, bool granted) {
+    const bool changes = isRefused(combination.first, combination.second) == granted;
+    combinations_[combination] = granted;
+    if (changes)
+        emit refusedChanged();
 }
 
 void HotkeyManager::pressed(std::uint32_t id) {

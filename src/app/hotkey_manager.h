@@ -7,7 +7,6 @@
 
 #include <functional>
 #include <map>
-#include <set>
 #include <utility>
 
 namespace pimloft {
@@ -35,13 +34,22 @@ public:
     /// Whether the desktop refused this combination when it was last asked for.
     bool isRefused(KeyCode keyCode, CarbonModifiers modifiers) const;
 
+    /// Every combination that was ever asked for, and whether it was granted when last asked.
+    using Combination = std::pair<KeyCode, CarbonModifiers>;
+    const std::map<Combination, bool> &combinations() const { return combinations_; }
+
+signals:
+    /// Another combination is refused, or one no longer is.
+    void refusedChanged();
+
 private:
+    void note(const Combination &combination, bool granted);
     void pressed(std::uint32_t id);
 
     HotkeyService &service_;
     std::map<std::uint32_t, Action> registeredHotkeys_;
     std::uint32_t nextID_ = 1;
-    std::set<std::pair<KeyCode, CarbonModifiers>> refused_;
+    std::map<Combination, bool> combinations_;
 };
 
 }  // namespace pimloft

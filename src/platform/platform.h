@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QString>
+
 #include <memory>
+#include <optional>
 
 namespace pimloft {
 
@@ -41,6 +44,10 @@ public:
     virtual ~Host() = default;
     virtual Platform platform() = 0;
 };
+
+/// To be called before the QApplication is made: chooses how it talks to the desktop. Answers why it cannot
+/// be made at all, in a sentence for the user, or nothing.
+std::optional<QString> prepareDesktop();
 
 /// To be called once, with the QApplication in place. Never fails: what the desktop lacks is refused by the
 /// service that needs it.

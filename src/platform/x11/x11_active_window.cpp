@@ -5,38 +5,46 @@
 
 namespace pimloft {
 
+namespace {
+
+xcb_window_t first(const std::vector<std::uint32_t> &windows) {
+    return windows.empty() ? xcb_window_t(XCB_NONE) : windows.front();
+}
+
+}  // namespace
+
+xcb_window_t activeWindow(X11Session &session) {
+    const xcb_atom_t check = session.atom("_NET_SUPPORTING_WM_CHECK");
+    const auto askedActive = session.askProperty(session.root(), session.atom("_NET_ACTIVE_WINDOW"));
+    const auto askedManaged = session.askProperty(session.root(), session.atom("_NET_CLIENT_LIST"));
+    const auto askedCheck = session.askProperty(session.root(), check);
+    // Some window managers write a second value; openbox may leave the id of a window that is gone.
+    const xcb_window_t active = first(session.values32(askedActive));
+    const auto managed = session.values32(askedManaged);
+    const xcb_window_t manager = first(session.values32(askedCheck));
+    if (std::find(managed.begin(), managed.end(), active) == managed.end())
+        return XCB_NONE;
+    // A window manager that was killed leaves its properties on the root, but not its own window.
+    if (manager == XCB_NONE || first(session.property32(manager, check)) != manager)
+        return XCB_NONE;
+    return session.isMapped(active) ? active : xcb_window_t(XCB_NONE);
+}
+
 X11ActiveWindow::X11ActiveWindow(X11Session &session) : session_(session) {
     session_.select(session_.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
     events_ = session_.subscribe([this](const xcb_generic_event_t &event) { handle(event); });
+    watch();
     announced_ = current();
 }
 
 X11ActiveWindow::~X11ActiveWindow() = default;
 
-xcb_window_t X11ActiveWindow::current() {
-    if (!hasWindowManager())
-        return XCB_NONE;
-    // Some window managers write a second value; openbox may leave the id of a window that is gone.
-    const auto active = session_.property32(session_.root(), session_.atom("_NET_ACTIVE_WINDOW"));
-    if (active.empty() || active.front() == XCB_NONE)
-        return XCB_NONE;
-    named_ = active.front();
-    session_.select(named_, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
-    const auto managed = session_.property32(session_.root(), session_.atom("_NET_CLIENT_LIST"));
-    if (std::find(managed.begin(), managed.end(), named_) == managed.end())
-        return XCB_NONE;
-    return session_.isMapped(named_) ? named_ : xcb_window_t(XCB_NONE);
-}
-
-bool X11ActiveWindow::hasWindowManager() {
-    const xcb_atom_t check = session_.atom("_NET_SUPPORTING_WM_CHECK");
-    const auto named = session_.property32(session_.root(), check);
-    // A window manager that was killed leaves its properties on the root, but not this window.
-    if (named.empty() || session_.property32(named.front(), check) != named)
-        return false;
-    managerCheck_ = named.front();
-    session_.select(managerCheck_, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
-    return true;
+void X11ActiveWindow::watch() {
+    named_ = first(session_.property32(session_.root(), session_.atom("_NET_ACTIVE_WINDOW")));
+    managerCheck_ = first(session_.property32(session_.root(), session_.atom("_NET_SUPPORTING_WM_CHECK")));
+    for (const xcb_window_t window : {named_, managerCheck_})
+        if (window != XCB_NONE)
+            session_.select(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
 }
 
 void X11ActiveWindow::handle(const xcb_generic_event_t &event) {
@@ -62,6 +70,7 @@ void X11ActiveWindow::handle(const xcb_generic_event_t &event) {
 }
 
 void X11ActiveWindow::announce() {
+    watch();
     const xcb_window_t active = current();
     if (active == announced_)
         return;

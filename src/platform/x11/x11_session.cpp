@@ -55,22 +55,25 @@ xcb_atom_t X11Session::atom(const char *name) {
     return atom;
 }
 
-XcbReply<xcb_get_property_reply_t> X11Session::property(xcb_window_t window, xcb_atom_t name) {
-    const auto cookie =
-        xcb_get_property(connection_, false, window, name, XCB_GET_PROPERTY_TYPE_ANY, 0, longestProperty);
-    return XcbReply<xcb_get_property_reply_t>(xcb_get_property_reply(connection_, cookie, nullptr));
+xcb_get_property_cookie_t X11Session::askProperty(xcb_window_t window, xcb_atom_t name) {
+    return xcb_get_property(connection_, false, window, name, XCB_GET_PROPERTY_TYPE_ANY, 0, longestProperty);
 }
 
-std::vector<std::uint32_t> X11Session::property32(xcb_window_t window, xcb_atom_t name) {
-    const auto reply = property(window, name);
+std::vector<std::uint32_t> X11Session::values32(xcb_get_property_cookie_t asked) {
+    const XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection_, asked, nullptr));
     if (!reply || reply->format != 32)
         return {};
     const auto *values = static_cast<const std::uint32_t *>(xcb_get_property_value(reply.get()));
     return {values, values + reply->value_len};
 }
 
+std::vector<std::uint32_t> X11Session::property32(xcb_window_t window, xcb_atom_t name) {
+    return values32(askProperty(window, name));
+}
+
 QByteArray X11Session::property8(xcb_window_t window, xcb_atom_t name) {
-    const auto reply = property(window, name);
+    const XcbReply<xcb_get_property_reply_t> reply(
+        xcb_get_property_reply(connection_, askProperty(window, name), nullptr));
     if (!reply || reply->format != 8)
         return {};
     return {static_cast<const char *>(xcb_get_property_value(reply.get())), qsizetype(reply->value_len)};

@@ -47,6 +47,10 @@ public:
     /// Interned once.
     xcb_atom_t atom(const char *name);
 
+    /// Asks for a property without waiting, so that several travel together; `values32` waits for the answer.
+    xcb_get_property_cookie_t askProperty(xcb_window_t window, xcb_atom_t name);
+    std::vector<std::uint32_t> values32(xcb_get_property_cookie_t asked);
+
     /// A property's values in its own format (32 or 8 bits); empty when it or the window is missing.
     std::vector<std::uint32_t> property32(xcb_window_t window, xcb_atom_t name);
     QByteArray property8(xcb_window_t window, xcb_atom_t name);
@@ -85,7 +89,6 @@ public:
 private:
     void dispatch(bool readSocket);
     void forgetLostWindow(const xcb_generic_event_t &event);
-    XcbReply<xcb_get_property_reply_t> property(xcb_window_t window, xcb_atom_t name);
 
     xcb_connection_t *connection_;
     xcb_window_t root_ = XCB_NONE;
