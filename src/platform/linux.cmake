@@ -18,6 +18,7 @@ pimloft_library(pimloft_platform_linux
         x11/x11_session.cpp x11/x11_session.h
         x11/x11_window_geometry.cpp x11/x11_window_geometry.h
         x11/x11_window_info.cpp x11/x11_window_info.h
+        dialogs/qt_dialogs.cpp dialogs/qt_dialogs.h
         displays/monitor_list.cpp displays/monitor_list.h
         displays/work_area.cpp displays/work_area.h
         displays/x11_displays.cpp displays/x11_displays.h
@@ -25,6 +26,7 @@ pimloft_library(pimloft_platform_linux
         events/x11_key_poster.cpp events/x11_key_poster.h
         events/x11_mouse_watch.cpp events/x11_mouse_watch.h
         hotkeys/x11_hotkeys.cpp hotkeys/x11_hotkeys.h
+        loginitem/xdg_login_item.cpp loginitem/xdg_login_item.h
         panels/x11_overlay.cpp panels/x11_overlay.h
         panels/x11_panel.cpp panels/x11_panel.h
         panels/x11_panels.cpp panels/x11_panels.h

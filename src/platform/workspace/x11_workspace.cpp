@@ -90,7 +90,8 @@ QIcon X11Workspace::icon(const Application &application) {
 }
 
 QIcon X11Workspace::fileIcon(const QString &path) {
-    return fileIcons_.icon(QFileInfo(path));
+    const QIcon icon = fileIcons_.icon(QFileInfo(path));
+    return icon.isNull() ? fileIcons_.icon(QFileIconProvider::File) : icon;
 }
 
 bool X11Workspace::open(const QUrl &url) {
