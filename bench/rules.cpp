@@ -23,7 +23,7 @@ void detectZone(benchmark::State &state) {
     double x = 0;
     for (auto _ : state) {
         x = x < 1919 ? x + 1 : 0;
-        benchmark::DoNotOptimize(SnapZone::detect({x, 1079}, displays.front(), 10, displays));
+        benchmark::DoNotOptimize(detect({x, 1079}, displays.front(), 10, displays));
     }
 }
 BENCHMARK(detectZone)->Name("zone under the pointer, 3 displays");
