@@ -41,12 +41,22 @@ public:
     xcb_window_t root() const { return root_; }
     bool isConnected() const { return !xcb_connection_has_error(connection_); }
 
+    /// Requests of an extension that is missing would end the connection: ask before the first one.
+    bool hasExtension(xcb_extension_t *extension);
+
     /// Interned once.
     xcb_atom_t atom(const char *name);
+
+    /// Asks for a property without waiting, so that several travel together; `values32` waits for the answer.
+    xcb_get_property_cookie_t askProperty(xcb_window_t window, xcb_atom_t name);
+    std::vector<std::uint32_t> values32(xcb_get_property_cookie_t asked);
 
     /// A property's values in its own format (32 or 8 bits); empty when it or the window is missing.
     std::vector<std::uint32_t> property32(xcb_window_t window, xcb_atom_t name);
     QByteArray property8(xcb_window_t window, xcb_atom_t name);
+
+    /// Whether a window exists and is shown, unless another one covers it.
+    bool isMapped(xcb_window_t window);
 
     /// Adds to the events that the server reports of a window. Nothing is ever taken away again, so that the
     /// services that share the connection do not end each other's events.
@@ -78,7 +88,7 @@ public:
 
 private:
     void dispatch(bool readSocket);
-    XcbReply<xcb_get_property_reply_t> property(xcb_window_t window, xcb_atom_t name);
+    void forgetLostWindow(const xcb_generic_event_t &event);
 
     xcb_connection_t *connection_;
     xcb_window_t root_ = XCB_NONE;

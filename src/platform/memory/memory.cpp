@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#include "platform/memory/memory.h"
+
+#include <cstdlib>  // says which C library this is
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
+namespace pimloft {
+
+void returnFreeMemory() {
+#ifdef __GLIBC__
+    // glibc keeps freed memory until it is told. Other allocators give it back by themselves.
+    malloc_trim(0);
+#endif
+}
+
+}  // namespace pimloft

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import Pimloft.Kit
+
+Page {
+    id: page
+
+    required property GeneralSettings model
+    readonly property bool granted: model.accessibility.isAccessibilityGranted
+
+    Section {
+        title: qsTr("Startup")
+
+        SwitchRow {
+            text: qsTr("Launch at login")
+            checked: page.model.settings.launchAtLogin
+            onSwitched: on => page.model.settings.launchAtLogin = on
+        }
+    }
+
+    Section {
+        title: qsTr("Accessibility")
+
+        StatusRow {
+            kind: page.granted ? StatusRow.Good : StatusRow.Warning
+            symbol: page.granted ? "checkmark.circle.fill" : "exclamationmark.triangle.fill"
+            text: page.granted ? qsTr("Permission Granted") : qsTr("Permission Required")
+
+            PushButton {
+                text: qsTr("Open Settings")
+                onClicked: page.model.openAccessibilitySettings()
+            }
+        }
+        Caption {
+            text: qsTr("WindowSnap, KeyMapper, and FinderFix require Accessibility permission to function.")
+        }
+    }
+
+    Section {
+        title: qsTr("About")
+
+        InfoRow {
+            label: qsTr("Version")
+            value: page.model.appVersion
+        }
+        Divider {}
+        InfoRow {
+            label: qsTr("Build")
+            value: page.model.buildNumber
+        }
+    }
+}

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Pimloft.Kit
+
+/// One module's row in the popover: its symbol, which lights up while the module is on, its name, and its switch.
+T.Switch {
+    id: row
+
+    property string badge
+    signal switched(bool on)
+
+    Layout.fillWidth: true
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: Theme.rowHeight
+    horizontalPadding: Theme.unit * 3
+    hoverEnabled: true
+    font: Theme.body
+    onToggled: switched(checked)
+    Accessible.name: checked ? qsTr("%1, enabled").arg(text) : qsTr("%1, disabled").arg(text)
+    Accessible.description: badge
+
+    contentItem: RowLayout {
+        spacing: Theme.unit * 2.5
+
+        SymbolDisc {
+            symbol: row.icon.name
+            lit: row.checked
+        }
+        Label {
+            text: row.text
+            Layout.fillWidth: !row.badge
+            Accessible.ignored: true
+        }
+        Badge {
+            text: row.badge
+            visible: row.badge.length > 0
+        }
+        Item {
+            Layout.fillWidth: row.badge.length > 0
+            // The switch stands on this place.
+            implicitWidth: row.indicator.implicitWidth
+        }
+    }
+
+    indicator: SwitchTrack {
+        control: row
+        x: row.mirrored ? row.leftPadding : row.width - width - row.rightPadding
+        y: (row.height - height) / 2
+    }
+
+    background: Rectangle {
+        anchors.fill: parent
+        anchors.margins: 1
+        radius: Theme.cardRadius - 1
+        color: row.hovered ? Theme.colors.hovered : "transparent"
+    }
+}

@@ -1,0 +1,13 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Layouts
+
+/// The hairline between two rows of a section.
+Rectangle {
+    Layout.fillWidth: true
+    Layout.leftMargin: Theme.unit * 4
+    Layout.rightMargin: Theme.unit * 4
+    implicitHeight: 1
+    color: Theme.colors.separator
+    Accessible.ignored: true
+}

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Layouts
+
+/// The brand's mark with a title, and what can be done at its end.
+RowLayout {
+    id: header
+
+    property string symbol
+    property string title
+    default property alias actions: trailing.data
+
+    spacing: Theme.unit * 2.5
+
+    Mark {
+        symbol: header.symbol
+    }
+    Label {
+        Layout.fillWidth: true
+        text: header.title
+        font: Theme.title
+        Accessible.role: Accessible.Heading
+    }
+    RowLayout {
+        id: trailing
+        spacing: Theme.unit
+    }
+}

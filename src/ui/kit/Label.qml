@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+
+/// A line of text that is cut short where the room ends.
+Text {
+    font: Theme.body
+    color: Theme.colors.text
+    elide: Text.ElideRight
+    maximumLineCount: 1
+    textFormat: Text.PlainText
+    horizontalAlignment: Text.AlignLeft
+    verticalAlignment: Text.AlignVCenter
+    Accessible.role: Accessible.StaticText
+    Accessible.name: text
+}

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Layouts
+
+/// A row with a key combination and what it does. `problem` says why it does not work, if so.
+RowLayout {
+    id: row
+
+    property string keys
+    property string action
+    property string problem
+
+    Layout.fillWidth: true
+    Layout.leftMargin: Theme.unit * 4
+    Layout.rightMargin: Theme.unit * 4
+    Layout.minimumHeight: Theme.rowHeight
+    spacing: Theme.unit * 3
+    Accessible.role: Accessible.ListItem
+    Accessible.name: qsTr("%1: %2").arg(keys).arg(action)
+    Accessible.description: problem
+
+    Item {
+        Layout.preferredWidth: Theme.unit * 24
+        implicitHeight: cap.implicitHeight
+
+        KeyCap {
+            id: cap
+            anchors.left: parent.left
+            text: row.keys
+            opacity: row.problem ? 0.55 : 1
+        }
+    }
+    Label {
+        Layout.fillWidth: true
+        text: row.action
+    }
+    Symbol {
+        name: "exclamationmark.triangle"
+        size: Theme.symbolSize
+        color: Theme.colors.warning
+        visible: row.problem.length > 0
+    }
+
+    HoverHandler {
+        id: pointer
+    }
+    Hint {
+        text: row.problem
+        visible: row.problem.length > 0 && pointer.hovered
+    }
+}

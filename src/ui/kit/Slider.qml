@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Templates as T
+
+/// A value picked by dragging a knob, or with the arrow keys.
+T.Slider {
+    id: slider
+
+    implicitWidth: Theme.unit * 40
+    implicitHeight: Theme.controlHeight
+    snapMode: T.Slider.SnapAlways
+
+    background: Rectangle {
+        x: slider.leftPadding
+        y: (slider.height - height) / 2
+        width: slider.availableWidth
+        implicitHeight: 4
+        height: implicitHeight
+        radius: height / 2
+        color: Theme.colors.track
+
+        Rectangle {
+            readonly property double covered: knob.x + knob.width / 2 - parent.x
+
+            x: slider.mirrored ? covered : 0
+            width: slider.mirrored ? parent.width - covered : covered
+            height: parent.height
+            radius: parent.radius
+            color: Theme.colors.accent
+        }
+    }
+
+    handle: Rectangle {
+        id: knob
+        x: slider.leftPadding + slider.visualPosition * (slider.availableWidth - width)
+        y: (slider.height - height) / 2
+        implicitWidth: 20
+        implicitHeight: 20
+        radius: height / 2
+        color: slider.pressed ? Theme.colors.controlPressed : Theme.colors.knob
+        border.width: 1
+        border.color: Theme.colors.controlOutline
+
+        FocusRing {
+            control: slider
+            radius: height / 2
+        }
+    }
+}

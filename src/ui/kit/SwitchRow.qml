@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+
+/// A row whose text and switch turn something on and off. Setting `checked` from outside turns nothing on;
+/// `switched` tells what the user wants.
+T.Switch {
+    id: row
+
+    signal switched(bool on)
+
+    Layout.fillWidth: true
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: Math.max(Theme.rowHeight, implicitContentHeight + topPadding + bottomPadding)
+    horizontalPadding: Theme.unit * 4
+    verticalPadding: Theme.unit * 2
+    font: Theme.body
+    onToggled: switched(checked)
+
+    contentItem: Item {
+        implicitWidth: label.implicitWidth + row.indicator.implicitWidth + Theme.unit * 4
+        implicitHeight: label.implicitHeight
+
+        Label {
+            id: label
+            anchors.left: parent.left
+            anchors.verticalCenter: parent.verticalCenter
+            width: parent.width - row.indicator.implicitWidth - Theme.unit * 4
+            text: row.text
+            wrapMode: Text.Wrap
+            maximumLineCount: 3
+            Accessible.ignored: true
+        }
+    }
+
+    indicator: SwitchTrack {
+        control: row
+        x: row.mirrored ? row.leftPadding : row.width - width - row.rightPadding
+        y: (row.height - height) / 2
+    }
+}

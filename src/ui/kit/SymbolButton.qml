@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Templates as T
+
+/// A button that shows a symbol only; its text is its tooltip and what a screen reader says.
+T.Button {
+    id: button
+
+    property string symbol
+
+    implicitWidth: Theme.controlHeight
+    implicitHeight: Theme.controlHeight
+    hoverEnabled: true
+
+    contentItem: Item {
+        Symbol {
+            anchors.centerIn: parent
+            name: button.symbol
+            size: Theme.symbolSize
+            color: button.hovered || button.down ? Theme.colors.text : Theme.colors.secondaryText
+        }
+    }
+
+    background: Rectangle {
+        radius: Theme.controlRadius
+        color: button.down ? Theme.colors.controlPressed : button.hovered ? Theme.colors.hovered : "transparent"
+
+        FocusRing {
+            control: button
+        }
+    }
+
+    Keys.onReturnPressed: button.click()
+    Keys.onEnterPressed: button.click()
+
+    Hint {
+        text: button.text
+        visible: button.hovered || button.visualFocus
+    }
+}

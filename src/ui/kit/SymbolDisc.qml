@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+
+/// A symbol on a disc that is lit while what it stands for is on.
+Rectangle {
+    id: disc
+
+    property string symbol
+    property bool lit: true
+
+    implicitWidth: Theme.controlHeight
+    implicitHeight: Theme.controlHeight
+    radius: height / 2
+    color: lit ? Theme.colors.accent : Theme.colors.controlPressed
+
+    Behavior on color {
+        ColorAnimation {
+            duration: Theme.calm
+        }
+    }
+
+    Symbol {
+        anchors.centerIn: parent
+        name: disc.symbol
+        size: Theme.symbolSize
+        color: disc.lit ? Theme.colors.onAccent : Theme.colors.secondaryText
+    }
+}

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#include "ui/kit/symbols.h"
+
+#include <QFile>
+#include <QIconEngine>
+#include <QPainter>
+#include <QSvgRenderer>
+
+#include <cmath>
+#include <map>
+#include <memory>
+
+namespace pimloft {
+
+namespace {
+
+QString fileOf(const QString &name) {
+    return QStringLiteral(":/qt/qml/Pimloft/Kit/symbols/%1.svg").arg(name);
+}
+
+/// The parsed drawings, each read when it is first used.
+QSvgRenderer *drawing(const QString &name) {
+    static std::map<QString, std::unique_ptr<QSvgRenderer>> drawings;
+    auto found = drawings.find(name);
+    if (found == drawings.end()) {
+        std::unique_ptr<QSvgRenderer> renderer;
+        if (hasSymbol(name))
+            renderer = std::make_unique<QSvgRenderer>(fileOf(name));
+        found = drawings.emplace(name, std::move(renderer)).first;
+    }
+    return found->second.get();
+}
+
+/// The drawing as a mask of `side` native pixels.
+QImage mask(QSvgRenderer &renderer, int side) {
+    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    renderer.render(&painter, QRectF(0, 0, side, side));
+    return image;
+}
+
+/// `tint` where the mask is opaque.
+QImage tinted(QImage mask, const QBrush &tint) {
+    QPainter painter(&mask);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(mask.rect(), tint);
+    return mask;
+}
+
+/// Gradients are given for the unit square and stretched over the symbol.
+QBrush stretched(QBrush tint, int side) {
+    if (tint.gradient())
+        tint.setTransform(QTransform::fromScale(side, side));
+    return tint;
+}
+
+/// Draws a symbol at whatever size it is asked for.
+class SymbolIconEngine final : public QIconEngine {
+public:
+    SymbolIconEngine(QString name, QColor color, QColor halo)
+        : name_(std::move(name)), color_(color), halo_(halo) {}
+
+    QIconEngine *clone() const override { return new SymbolIconEngine(name_, color_, halo_); }
+
+    // Trays that take images by D-Bus ask which sizes there are.
+    QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override {
+        QList<QSize> sizes;
+        for (const int side : {16, 18, 22, 24, 32, 44, 48, 64})
+            sizes << QSize(side, side);
+        return sizes;
+    }
+
+    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, QRect(QPoint(), size), mode, state);
+        return pixmap;
+    }
+
+    void paint(QPainter *painter, const QRect &rect, QIcon::Mode, QIcon::State) override {
+        if (halo_.isValid())
+            paintHalo(*painter, rect);
+        paintSymbol(*painter, name_, rect, color_);
+    }
+
+private:
+    void paintHalo(QPainter &painter, const QRectF &rect) const {
+        const double distance = std::max(1.0, rect.width() / 22);
+        for (int step = 0; step < 8; ++step) {
+            const double angle = step * M_PI / 4;
+            paintSymbol(painter, name_,
+                        rect.translated(distance * std::cos(angle), distance * std::sin(angle)), halo_);
+        }
+    }
+
+    QString name_;
+    QColor color_;
+    QColor halo_;
+};
+
+}  // namespace
+
+bool hasSymbol(const QString &name) {
+    return !name.isEmpty() && QFile::exists(fileOf(name));
+}
+
+void paintSymbol(QPainter &painter, const QString &name, const QRectF &rect, const QBrush &tint) {
+    QSvgRenderer *renderer = drawing(name);
+    if (!renderer || rect.isEmpty())
+        return;
+    const double ratio = painter.device()->devicePixelRatioF();
+    const double side = std::min(rect.width(), rect.height());
+    const int pixels = std::max(1, qRound(side * ratio));
+    QImage image = tinted(mask(*renderer, pixels), stretched(tint, pixels));
+    image.setDevicePixelRatio(pixels / side);
+    painter.drawImage(QPointF(rect.center().x() - side / 2, rect.center().y() - side / 2), image);
+}
+
+QIcon symbolIcon(const QString &name, const QColor &color, const QColor &halo) {
+    return QIcon(new SymbolIconEngine(name, color, halo));
+}
+
+}  // namespace pimloft

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "ui/popover_placement.h"
+
+#include "base/geometry.h"
+#include "platform/displays/displays.h"
+
+#include <algorithm>
+
+namespace pimloft {
+
+namespace {
+
+/// Points between the anchor and the popover.
+constexpr double gap = 6;
+
+double distance(QPointF point, const QRectF &rect) {
+    const double x = std::clamp(point.x(), minX(rect), maxX(rect)) - point.x();
+    const double y = std::clamp(point.y(), minY(rect), maxY(rect)) - point.y();
+    return x * x + y * y;
+}
+
+}  // namespace
+
+QRectF popoverFrame(QSizeF size, const QRectF &anchor, const Display &display) {
+    const QRectF &visible = display.visibleFrame;
+    double x = midX(anchor) - size.width() / 2;
+    double y = midY(anchor) > midY(display.frame) ? minY(anchor) - gap - size.height() : maxY(anchor) + gap;
+    const bool inSideBar = maxX(anchor) <= minX(visible) || minX(anchor) >= maxX(visible);
+    if (inSideBar) {
+        x = midX(anchor) < midX(visible) ? minX(visible) + gap : maxX(visible) - gap - size.width();
+        y = maxY(anchor) - size.height();
+    }
+    // Where it does not fit at all, its top left corner is what stays in view.
+    x = std::max(std::min(x, maxX(visible) - size.width()), minX(visible));
+    y = std::min(std::max(y, minY(visible)), maxY(visible) - size.height());
+    return {x, y, size.width(), size.height()};
+}
+
+const Display &displayAt(QPointF point, const std::vector<Display> &displays) {
+    return *std::min_element(displays.begin(), displays.end(), [point](const Display &a, const Display &b) {
+        return distance(point, a.frame) < distance(point, b.frame);
+    });
+}
+
+}  // namespace pimloft

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "ui/quick_engine.h"
+
+#include "platform/memory/memory.h"
+
+#include <QGuiApplication>
+#include <QPointer>
+#include <QQmlEngine>
+#include <QQuickWindow>
+
+namespace pimloft {
+
+namespace {
+
+/// These windows are small and mostly still: drawing them by the processor takes a third of the memory and of
+/// the time to the first frame. Where windows are layers of the graphics system anyway, Qt knows better.
+void chooseRenderer() {
+    if (QGuiApplication::platformName() != QLatin1String("cocoa"))
+        QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+}
+
+}  // namespace
+
+QuickEngine::QuickEngine(std::chrono::milliseconds idle) {
+    idleTimer_.setSingleShot(true);
+    idleTimer_.setInterval(idle);
+    connect(&idleTimer_, &QTimer::timeout, this, &QuickEngine::drop);
+}
+
+QuickEngine::~QuickEngine() {
+    if (engine_)
+        emit aboutToDrop();
+}
+
+QQmlEngine &QuickEngine::engine() {
+    if (engine_)
+        return *engine_;
+    chooseRenderer();
+    engine_ = std::make_unique<QQmlEngine>();
+    engine_->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    // It may have been made for a view that never comes on screen.
+    idleTimer_.start();
+    return *engine_;
+}
+
+std::shared_ptr<void> QuickEngine::use() {
+    idleTimer_.stop();
+    if (auto users = users_.lock())
+        return users;
+    std::shared_ptr<void> users(this, [engine = QPointer(this)](void *) {
+        if (engine && engine->exists())
+            engine->idleTimer_.start();
+    });
+    users_ = users;
+    return users;
+}
+
+void QuickEngine::drop() {
+    if (!engine_ || !users_.expired())
+        return;
+    emit aboutToDrop();
+    engine_.reset();
+    returnFreeMemory();
+}
+
+}  // namespace pimloft

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/view_host.h"
+#include "ui/quick_engine.h"
+
+namespace pimloft {
+
+class DisplayService;
+class Theme;
+
+/// Makes windows around QML pages. Main thread.
+class QuickViewHost final : public ViewHost {
+public:
+    /// `engineIdle`: how long the QML engine outlives the last window.
+    QuickViewHost(DisplayService &displays, Theme &theme,
+                  std::chrono::milliseconds engineIdle = std::chrono::seconds(60));
+
+    bool offers(const Page &page) const override;
+    std::unique_ptr<ViewWindow> makeWindow(const WindowDescription &description) override;
+
+    /// For views that are not windows of their own.
+    QuickEngine &engine() { return engine_; }
+
+private:
+    DisplayService &displays_;
+    Theme &theme_;
+    QuickEngine engine_;
+};
+
+}  // namespace pimloft

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "ui/tray_icon.h"
+
+#include "app/accessibility_manager.h"
+#include "app/app_state.h"
+#include "platform/diagnosis/diagnosis.h"
+#include "ui/kit/symbols.h"
+#include "ui/kit/theme.h"
+
+#include <QMenu>
+#include <QSystemTrayIcon>
+
+namespace pimloft {
+
+namespace {
+
+QPalette menuPalette(const ThemeColors &colors) {
+    QPalette palette;
+    palette.setColor(QPalette::Window, colors.card);
+    palette.setColor(QPalette::Base, colors.card);
+    palette.setColor(QPalette::Button, colors.card);
+    palette.setColor(QPalette::WindowText, colors.text);
+    palette.setColor(QPalette::Text, colors.text);
+    palette.setColor(QPalette::ButtonText, colors.text);
+    palette.setColor(QPalette::Highlight, colors.accent);
+    palette.setColor(QPalette::HighlightedText, colors.onAccent);
+    return palette;
+}
+
+}  // namespace
+
+TrayIcon::TrayIcon(AppState &appState, AccessibilityManager &accessibility, DiagnosisService &diagnosis,
+                   Theme &theme)
+    : appState_(appState), accessibility_(accessibility), diagnosis_(diagnosis), theme_(theme),
+      menu_(std::make_unique<QMenu>()), icon_(std::make_unique<QSystemTrayIcon>()) {
+    makeMenu();
+    draw();
+    describe();
+    connect(&appState_, &AppState::changed, this, &TrayIcon::draw);
+    connect(&theme_, &Theme::changed, this, &TrayIcon::draw);
+    connect(&accessibility_, &AccessibilityManager::isAccessibilityGrantedChanged, this, &TrayIcon::describe);
+    connect(icon_.get(), &QSystemTrayIcon::activated, this, [this](QSystemTrayIcon::ActivationReason reason) {
+        if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick)
+            emit clicked();
+    });
+    icon_->show();
+}
+
+TrayIcon::~TrayIcon() = default;
+
+void TrayIcon::makeMenu() {
+    menu_->addAction(tr("Open Pimloft"), this, &TrayIcon::openRequested);
+    menu_->addAction(tr("Open Settings"), this, &TrayIcon::settingsRequested);
+    menu_->addSeparator();
+    menu_->addAction(tr("Quit"), this, &TrayIcon::quitRequested);
+    icon_->setContextMenu(menu_.get());
+}
+
+void TrayIcon::draw() {
+    // Nobody tells what colour the tray has. It mostly goes with the look of the desktop; where it does not,
+    // the halo in the other colour keeps the symbol visible.
+    const ThemeColors &colors = theme_.colors();
+    QColor halo = theme_.isDark() ? QColor(Qt::black) : QColor(Qt::white);
+    halo.setAlphaF(0.6F);
+    icon_->setIcon(symbolIcon(appState_.menuBarIcon(), colors.text, halo));
+    menu_->setPalette(menuPalette(colors));
+}
+
+void TrayIcon::describe() {
+    QStringList lines{QStringLiteral("Pimloft")};
+    if (!accessibility_.isAccessibilityGranted())
+        for (const Finding &finding : diagnosis_.findings())
+            if (!finding.granted)
+                lines << finding.detail;
+    icon_->setToolTip(lines.join(QLatin1Char('\n')));
+}
+
+QRect TrayIcon::geometry() const {
+    return icon_->geometry();
+}
+
+QString TrayIcon::toolTip() const {
+    return icon_->toolTip();
+}
+
+}  // namespace pimloft
