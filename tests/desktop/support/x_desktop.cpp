@@ -260,9 +260,9 @@ xcb_window_t XDesktop::openDock(Edge edge, int thickness, int from, int to) {
 }
 
 QImage XDesktop::picture(const QRect &area) const {
-    const auto cookie = xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, screen_->root,
-                                      std::int16_t(area.x()), std::int16_t(area.y()),
-                                      std::uint16_t(area.width()), std::uint16_t(area.height()), ~0U);
+    const auto cookie =
+        xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, screen_->root, std::int16_t(area.x()),
+                      std::int16_t(area.y()), std::uint16_t(area.width()), std::uint16_t(area.height()), ~0U);
     const auto reply = owned(xcb_get_image_reply(connection_, cookie, nullptr));
     if (!reply)
         qFatal("no picture of the display");
