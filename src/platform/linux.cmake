@@ -16,6 +16,9 @@ pimloft_library(pimloft_platform_linux
         x11/x11_session.cpp x11/x11_session.h
         x11/x11_window_geometry.cpp x11/x11_window_geometry.h
         x11/x11_window_info.cpp x11/x11_window_info.h
+        appearance/linux_appearance.cpp appearance/linux_appearance.h
+        appearance/xsettings.cpp appearance/xsettings.h
+        diagnosis/x11_diagnosis.cpp diagnosis/x11_diagnosis.h
         dialogs/qt_dialogs.cpp dialogs/qt_dialogs.h
         displays/monitor_list.cpp displays/monitor_list.h
         displays/work_area.cpp displays/work_area.h
@@ -25,6 +28,8 @@ pimloft_library(pimloft_platform_linux
         events/x11_key_poster.cpp events/x11_key_poster.h
         events/x11_mouse_watch.cpp events/x11_mouse_watch.h
         hotkeys/x11_hotkeys.cpp hotkeys/x11_hotkeys.h
+        instance/instance_on_bus.cpp instance/instance_on_bus.h
+        instance/local_instance.cpp instance/local_instance.h
         loginitem/xdg_login_item.cpp loginitem/xdg_login_item.h
         preferences/json_preferences.cpp preferences/json_preferences.h
         preferences/preferences_document.cpp preferences/preferences_document.h
