@@ -6,6 +6,7 @@ pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-unix-2.0)
 
 pimloft_library(pimloft_platform_linux
     SOURCES
+        linux_host.cpp
         x11/key_positions.h
         x11/point_space.cpp x11/point_space.h
         x11/screen_lock.cpp x11/screen_lock.h
@@ -18,6 +19,9 @@ pimloft_library(pimloft_platform_linux
         x11/x11_session.cpp x11/x11_session.h
         x11/x11_window_geometry.cpp x11/x11_window_geometry.h
         x11/x11_window_info.cpp x11/x11_window_info.h
+        appearance/linux_appearance.cpp appearance/linux_appearance.h
+        appearance/xsettings.cpp appearance/xsettings.h
+        diagnosis/x11_diagnosis.cpp diagnosis/x11_diagnosis.h
         dialogs/qt_dialogs.cpp dialogs/qt_dialogs.h
         displays/monitor_list.cpp displays/monitor_list.h
         displays/work_area.cpp displays/work_area.h
@@ -26,6 +30,8 @@ pimloft_library(pimloft_platform_linux
         events/x11_key_poster.cpp events/x11_key_poster.h
         events/x11_mouse_watch.cpp events/x11_mouse_watch.h
         hotkeys/x11_hotkeys.cpp hotkeys/x11_hotkeys.h
+        instance/instance_on_bus.cpp instance/instance_on_bus.h
+        instance/local_instance.cpp instance/local_instance.h
         loginitem/xdg_login_item.cpp loginitem/xdg_login_item.h
         panels/x11_overlay.cpp panels/x11_overlay.h
         panels/x11_panel.cpp panels/x11_panel.h

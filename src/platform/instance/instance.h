@@ -21,8 +21,8 @@ public:
     std::function<QString(InstanceCommand)> onCommand;
 };
 
-/// Becomes the running instance of `login`, which a display names; a user can have several. Nothing when there
-/// is one already. `runtime` is the user's private folder for such things.
+/// Becomes the running instance of `login`, which a display names; a user can have several. Nothing when
+/// there is one already. `runtime` is the user's private folder for such things.
 std::unique_ptr<Instance> claimInstance(const QString &runtime, const QString &login);
 
 /// Asks the running instance and waits for its answer, at most 5 s. Nothing when none answers. Needs no
