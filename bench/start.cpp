@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "desktop/support/tray_host.h"
 #include "measures.h"
 #include "stage.h"
-#include "tray_host.h"
 
 #include <algorithm>
 
@@ -13,7 +13,7 @@ void measureStart(Table &table, Extent extent) {
     Figure both{
         QStringLiteral("process start to tray icon and shortcuts live"), QStringLiteral("ms"), 100, {}};
     Stage stage;
-    TrayHost host(stage.session.display());
+    test::TrayHost host(stage.session.display());
     const int runs = extent.quick ? 5 : 31;
     for (int run = 0; run < runs; ++run) {
         host.forgetIcon();
