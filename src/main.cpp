@@ -100,7 +100,6 @@ int start(int argc, char **argv, CommandLine::Action action) {
         return complain(*reason);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("pimloft"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Pimloft"));
     QApplication::setApplicationVersion(appVersion());
     QApplication::setDesktopFileName(QStringLiteral("pimloft"));
 
