@@ -66,6 +66,7 @@ X11Placement::~X11Placement() = default;
 
 void X11Placement::moveTo(const QRect &frame) {
     target_ = frame;
+    phase_ = Phase::moving;
     corrections_ = 0;
     if (const auto geometry = readGeometry(session_, window_))
         begin(*geometry);
