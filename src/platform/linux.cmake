@@ -6,9 +6,12 @@ pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-unix-2.0)
 
 pimloft_library(pimloft_platform_linux
     SOURCES
+        linux_host.cpp
         x11/key_positions.h
         x11/point_space.cpp x11/point_space.h
+        x11/screen_lock.cpp x11/screen_lock.h
         x11/x11_active_window.cpp x11/x11_active_window.h
+        x11/x11_compositor.cpp x11/x11_compositor.h
         x11/x11_keyboard.cpp x11/x11_keyboard.h
         x11/x11_keymap.cpp x11/x11_keymap.h
         x11/x11_obstacle.cpp x11/x11_obstacle.h
@@ -24,13 +27,16 @@ pimloft_library(pimloft_platform_linux
         displays/work_area.cpp displays/work_area.h
         displays/x11_displays.cpp displays/x11_displays.h
         displays/x11_struts.cpp displays/x11_struts.h
-        events/shortcut_chord.h
         events/x11_key_poster.cpp events/x11_key_poster.h
         events/x11_mouse_watch.cpp events/x11_mouse_watch.h
         hotkeys/x11_hotkeys.cpp hotkeys/x11_hotkeys.h
         instance/instance_on_bus.cpp instance/instance_on_bus.h
         instance/local_instance.cpp instance/local_instance.h
         loginitem/xdg_login_item.cpp loginitem/xdg_login_item.h
+        panels/x11_overlay.cpp panels/x11_overlay.h
+        panels/x11_panel.cpp panels/x11_panel.h
+        panels/x11_panels.cpp panels/x11_panels.h
+        panels/x11_popup.cpp panels/x11_popup.h
         preferences/json_preferences.cpp preferences/json_preferences.h
         preferences/preferences_document.cpp preferences/preferences_document.h
         windows/x11_placement.cpp windows/x11_placement.h

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Pimloft.Kit
+import Pimloft.Ui
 
 Page {
     id: page

@@ -3,6 +3,7 @@ import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
 import Pimloft.Kit
+import Pimloft.Ui
 
 /// One module's row in the popover: its symbol, which lights up while the module is on, its name, and its switch.
 T.Switch {

@@ -2,6 +2,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Pimloft.Kit
+import Pimloft.Ui
 
 WindowContent {
     id: view
@@ -43,8 +44,7 @@ WindowContent {
         PageLoader {
             Layout.fillWidth: true
             Layout.fillHeight: true
-            source: view.window.pageSource
-            properties: view.window.pageProperties
+            page: view.window.tabs[view.window.selectedTab]
         }
     }
 }

@@ -16,7 +16,7 @@
 #include "ui/settings_window.h"
 #include "windowsnap/window_snap_module.h"
 
-#include <QtQml/qqmlregistration.h>
+#include <QtQml/qqml.h>
 
 namespace pimloft {
 

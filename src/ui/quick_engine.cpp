@@ -8,6 +8,8 @@
 #include <QQmlEngine>
 #include <QQuickWindow>
 
+#include <utility>
+
 namespace pimloft {
 
 namespace {
@@ -15,7 +17,9 @@ namespace {
 /// These windows are small and mostly still: drawing them by the processor takes a third of the memory and of
 /// the time to the first frame. Where windows are layers of the graphics system anyway, Qt knows better.
 void chooseRenderer() {
-    if (QGuiApplication::platformName() != QLatin1String("cocoa"))
+    // It holds for the process and cannot be said again once there was a window.
+    static bool chosen = false;
+    if (!std::exchange(chosen, true) && QGuiApplication::platformName() != QLatin1String("cocoa"))
         QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
 }
 

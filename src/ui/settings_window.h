@@ -19,11 +19,16 @@ struct SettingsTab {
     Q_GADGET
     Q_PROPERTY(QString title MEMBER title)
     Q_PROPERTY(QString symbol MEMBER symbol)
+    Q_PROPERTY(QUrl source READ source)
+    Q_PROPERTY(QVariantMap properties READ properties)
 
 public:
     QString title;
     QString symbol;
     Page page;
+
+    QUrl source() const { return page.source; }
+    QVariantMap properties() const { return page.properties; }
 };
 
 /// The settings window: the general page and those of the modules that have one. Which page is shown outlives
@@ -32,8 +37,6 @@ class SettingsWindow : public QObject {
     Q_OBJECT
     Q_PROPERTY(QVariantList tabs READ tabs CONSTANT)
     Q_PROPERTY(int selectedTab READ selectedTab WRITE select NOTIFY selectedTabChanged)
-    Q_PROPERTY(QUrl pageSource READ pageSource NOTIFY selectedTabChanged)
-    Q_PROPERTY(QVariantMap pageProperties READ pageProperties NOTIFY selectedTabChanged)
 
 public:
     /// The modules in the order of their pages. A module whose page this build lacks has no tab.
@@ -52,8 +55,6 @@ public:
 
     QVariantList tabs() const;
     int selectedTab() const { return int(selectedTab_); }
-    QUrl pageSource() const { return tabs_[selectedTab_].page.source; }
-    QVariantMap pageProperties() const { return tabs_[selectedTab_].page.properties; }
 
 signals:
     void selectedTabChanged();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import Pimloft.Kit
+import Pimloft.WindowSnap
 
 /// A small picture of how a layout divides the screen. It shows the screen, so it is never mirrored.
 Item {

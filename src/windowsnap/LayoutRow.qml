@@ -2,6 +2,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Pimloft.Kit
+import Pimloft.WindowSnap
 
 /// A row with a layout's picture, its name and its keys.
 RowLayout {

@@ -2,6 +2,7 @@
 import QtQuick
 import QtQuick.Layouts
 import Pimloft.Kit
+import Pimloft.WindowSnap
 
 Page {
     id: page

@@ -5,7 +5,7 @@
 
 #include "windowsnap/window_snap_settings.h"
 
-#include <QtQml/qqmlregistration.h>
+#include <QtQml/qqml.h>
 
 namespace pimloft {
 

@@ -28,7 +28,7 @@ TEST(Transition, goesFromExactlyNoneToExactlyAllOfTheWay) {
     transition.run(std::chrono::milliseconds(4), easeOut(),
                    [&](double progress) { steps.push_back(progress); });
     EXPECT_EQ(steps, std::vector{0.0}) << "the first step is made at once";
-    clock.advance(10);
+    clock.pass(10);
     EXPECT_EQ(steps.size(), 5u);
     EXPECT_TRUE(std::is_sorted(steps.begin(), steps.end()));
     EXPECT_EQ(steps.back(), 1.0);
@@ -41,11 +41,11 @@ TEST(Transition, finishesOnceAndNotWhenItIsReplaced) {
     double first = 0;
     double second = 0;
     transition.run(std::chrono::milliseconds(100), easeOut(), [&](double progress) { first = progress; });
-    clock.advance(50);
+    clock.pass(50);
     transition.run(std::chrono::milliseconds(100), easeOut(), [&](double progress) { second = progress; });
-    clock.advance(99);
+    clock.pass(99);
     EXPECT_EQ(finished.count(), 0);
-    clock.advance(1);
+    clock.pass(1);
     EXPECT_EQ(finished.count(), 1);
     EXPECT_LT(first, 1);
     EXPECT_EQ(second, 1);
@@ -64,16 +64,16 @@ struct Fade : testing::Test {
 TEST_F(Fade, takes150MillisecondsInAnd100Out) {
     fade.in(*panel);
     EXPECT_EQ(window().opacity(), 0);
-    clock.advance(149);
+    clock.pass(149);
     EXPECT_LT(window().opacity(), 1);
-    clock.advance(1);
+    clock.pass(1);
     EXPECT_EQ(window().opacity(), 1);
     bool done = false;
     fade.out(*panel, [&] { done = true; });
     EXPECT_TRUE(fade.isFadingOut());
-    clock.advance(99);
+    clock.pass(99);
     EXPECT_FALSE(done);
-    clock.advance(1);
+    clock.pass(1);
     EXPECT_TRUE(done);
     EXPECT_FALSE(fade.isFadingOut());
     EXPECT_EQ(window().opacity(), 0);
@@ -81,10 +81,10 @@ TEST_F(Fade, takes150MillisecondsInAnd100Out) {
 
 TEST_F(Fade, aFadeInDuringAFadeOutCancelsItsCompletion) {
     fade.out(*panel, [] { ADD_FAILURE() << "the panel is needed again"; });
-    clock.advance(50);
+    clock.pass(50);
     fade.in(*panel);
     EXPECT_FALSE(fade.isFadingOut());
-    clock.advance(200);
+    clock.pass(200);
     EXPECT_EQ(window().opacity(), 1);
 }
 
@@ -94,9 +94,9 @@ TEST_F(Fade, theCompletionMayDestroyThePanelAndStartOver) {
         EXPECT_TRUE(panel->show({0, 0, 50, 50}));
         fade.in(*panel);
     });
-    clock.advance(100);
+    clock.pass(100);
     EXPECT_EQ(window().opacity(), 0);
-    clock.advance(150);
+    clock.pass(150);
     EXPECT_EQ(window().opacity(), 1);
 }
 

@@ -26,7 +26,7 @@ const std::vector<Layer> plan = {
      {"ui_kit", "module", "core", "platform", "base"},
      {"QtCore", "QtGui", "QtQml", "QtQuick", "QtQuickControls2"}},
     {"ui",
-     {"ui_kit", "app", "core", "platform", "base"},
+     {"ui_kit", "app", "module", "core", "platform", "base"},
      {"QtCore", "QtGui", "QtWidgets", "QtQml", "QtQuick", "QtQuickControls2", "QtSvg"}},
     {"main",
      {"ui", "ui_kit", "module_ui", "app", "module", "core", "platform_host", "platform", "base"},

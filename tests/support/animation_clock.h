@@ -23,7 +23,7 @@ public:
     }
 
     /// Lets this much time pass, a millisecond at a time, and runs what is posted meanwhile.
-    void advance(int milliseconds) {
+    void pass(int milliseconds) {
         QCoreApplication::processEvents();
         for (int passed = 0; passed < milliseconds; ++passed) {
             ++now_;

@@ -27,19 +27,19 @@ TEST_F(LayoutPicker, hasNoWindowAtFirstAndHidesNothing) {
     LayoutPickerController picker(desktop.panels);
     EXPECT_FALSE(picker.pickerWindow());
     picker.hide();
-    clock.advance(200);
+    clock.pass(200);
     EXPECT_EQ(desktop.log(), "");
 }
 
 TEST_F(LayoutPicker, fadesItsWindowOutAndDestroysIt) {
     LayoutPickerController picker(desktop.panels, openWindow());
     picker.hide();
-    clock.advance(75);
+    clock.pass(75);
     EXPECT_GT(desktop.panels.existing().at(0)->opacity(), 0);
     EXPECT_LT(desktop.panels.existing().at(0)->opacity(), 1);
-    clock.advance(74);
+    clock.pass(74);
     EXPECT_TRUE(picker.pickerWindow());
-    clock.advance(1);
+    clock.pass(1);
     EXPECT_FALSE(picker.pickerWindow());
     EXPECT_EQ(desktop.log(), "give the keyboard back\norder out popup\n");
 }
@@ -47,9 +47,9 @@ TEST_F(LayoutPicker, fadesItsWindowOutAndDestroysIt) {
 TEST_F(LayoutPicker, hidingTwiceDoesNotDelayTheEnd) {
     LayoutPickerController picker(desktop.panels, openWindow());
     picker.hide();
-    clock.advance(100);
+    clock.pass(100);
     picker.hide();
-    clock.advance(50);
+    clock.pass(50);
     EXPECT_FALSE(picker.pickerWindow());
 }
 
@@ -59,7 +59,7 @@ TEST_F(LayoutPicker, takesItsWindowWithIt) {
         picker.hide();
     }
     EXPECT_EQ(desktop.log(), "give the keyboard back\norder out popup\n");
-    clock.advance(200);
+    clock.pass(200);
 }
 
 }  // namespace

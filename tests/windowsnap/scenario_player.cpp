@@ -108,7 +108,7 @@ void ScenarioPlayer::perform(const QString &verb, const QStringList &arguments) 
         {QStringLiteral("drag"), [&] { desktop_.mouse.drag(point(arguments)); }},
         {QStringLiteral("up"), [&] { desktop_.mouse.up(point(arguments)); }},
         {QStringLiteral("press"), [&] { desktop_.hotkeys.press(keys.at(first), snapModifiers); }},
-        {QStringLiteral("wait"), [&] { clock_.advance(int(number(arguments, 0))); }},
+        {QStringLiteral("wait"), [&] { clock_.pass(int(number(arguments, 0))); }},
         {QStringLiteral("overlay?"), [&] { describeOverlay(); }},
         {QStringLiteral("stop"), [&] { engine_.stop(); }},
         {QStringLiteral("start"),

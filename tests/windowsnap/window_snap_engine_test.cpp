@@ -141,7 +141,7 @@ TEST_F(Engine, anOverlayThatIsStillToBeShownWhenItStopsIsNot) {
     dragToTheLeftEdge();
     engine->stop();
     desktop.log();
-    clock.advance(300);
+    clock.pass(300);
     EXPECT_EQ(desktop.log(), "");
     EXPECT_TRUE(desktop.panels.existing().empty());
 }
@@ -152,7 +152,7 @@ TEST_F(Engine, holdsUpNoEventForOverlayOrPlacement) {
     dragToTheLeftEdge();
     desktop.mouse.up({0, 540});
     EXPECT_EQ(desktop.log(), "") << "work was done within the events";
-    clock.advance(200);
+    clock.pass(200);
     EXPECT_EQ(desktop.log(), "show overlay at (0, 0) 960 x 1080\n"
                              "place Editor at (0, 0) 960 x 1080\n"
                              "order out overlay\n");
@@ -165,7 +165,7 @@ TEST_F(Engine, postedWorkAndShortcutsDieWithIt) {
     desktop.hotkeys.press(Key::leftArrow, snapModifiers);
     desktop.log();
     engine.reset();
-    clock.advance(200);
+    clock.pass(200);
     desktop.hotkeys.press(Key::leftArrow, snapModifiers);
     QCoreApplication::processEvents();
     EXPECT_EQ(desktop.log(), "stop watching the mouse\n");

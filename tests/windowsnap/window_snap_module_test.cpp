@@ -112,9 +112,9 @@ TEST(WindowSnapModule, deactivatingInMidDragTakesTheOverlayAway) {
     m.desktop.windows.open(QStringLiteral("Editor"), ProcessId(7), {300, 200, 800, 600});
     m.desktop.mouse.down({500, 210});
     m.desktop.mouse.drag({0, 540});
-    m.animations.advance(150);
+    m.animations.pass(150);
     m.module->deactivate();
-    m.animations.advance(100);
+    m.animations.pass(100);
     EXPECT_TRUE(m.desktop.panels.existing().empty());
     EXPECT_FALSE(m.engine().isDragging());
 }

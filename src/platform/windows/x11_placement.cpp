@@ -19,7 +19,7 @@ constexpr auto longestSilence = 60ms;
 constexpr auto watchTime = 250ms;
 /// Where nothing happened at all: the window manager may be held up, and has the requests still before it.
 constexpr auto patience = 2s;
-constexpr int mostRequests = 5;
+constexpr int mostRequests = 6;
 constexpr int mostCorrections = 2;
 
 constexpr std::uint32_t northWestGravity = 1;
@@ -33,10 +33,10 @@ constexpr std::array<std::array<const char *, 2>, 3> stateNames = {{
     {"_NET_WM_STATE_SHADED", nullptr},
 }};
 
-/// The properties whose change tells that the window manager is at work on the window. Others may change all
-/// the time, as a terminal's title does.
-constexpr std::array framePropertyNames = {"_NET_WM_STATE", "_NET_FRAME_EXTENTS", "_GTK_FRAME_EXTENTS",
-                                           "WM_STATE"};
+/// The properties whose change tells that something is at work on the window. Others may change all the time,
+/// as a terminal's title does.
+constexpr std::array stateProperties = {"_NET_WM_STATE", "WM_STATE"};
+constexpr std::array extentProperties = {"_NET_FRAME_EXTENTS", "_GTK_FRAME_EXTENTS"};
 
 }  // namespace
 
@@ -67,7 +67,10 @@ X11Placement::~X11Placement() = default;
 void X11Placement::moveTo(const QRect &frame) {
     target_ = frame;
     corrections_ = 0;
-    begin();
+    if (const auto geometry = readGeometry(session_, window_))
+        begin(*geometry);
+    else
+        finish();
 }
 
 void X11Placement::handle(const xcb_generic_event_t &event) {
@@ -78,8 +81,12 @@ void X11Placement::handle(const xcb_generic_event_t &event) {
         break;
     case XCB_PROPERTY_NOTIFY: {
         const auto &notice = reinterpret_cast<const xcb_property_notify_event_t &>(event);
-        if (notice.window == window_ && isOfFrame(notice.atom))
+        if (notice.window == window_ && isAmong(stateProperties, notice.atom))
             handleActivity();
+        if (notice.window == window_ && isAmong(extentProperties, notice.atom)) {
+            handleActivity();
+            refit();
+        }
         break;
     }
     case XCB_DESTROY_NOTIFY:
@@ -89,8 +96,8 @@ void X11Placement::handle(const xcb_generic_event_t &event) {
     }
 }
 
-bool X11Placement::isOfFrame(xcb_atom_t property) {
-    return std::any_of(framePropertyNames.begin(), framePropertyNames.end(),
+bool X11Placement::isAmong(std::span<const char *const> names, xcb_atom_t property) {
+    return std::any_of(names.begin(), names.end(),
                        [&](const char *name) { return property == session_.atom(name); });
 }
 
@@ -104,6 +111,15 @@ void X11Placement::handleActivity() {
     quiet_.start(stillness);
 }
 
+void X11Placement::refit() {
+    // The requests so far were made for other decorations: their frame is known to be off.
+    if (phase_ != Phase::moving || requests_ == mostRequests)
+        return;
+    const auto geometry = readGeometry(session_, window_);
+    if (geometry && geometry->frame() != target_)
+        request(*geometry);
+}
+
 void X11Placement::handleTimeout() {
     const bool isPhaseOver = !limit_.isActive();
     quiet_.stop();
@@ -113,27 +129,22 @@ void X11Placement::handleTimeout() {
         return;
     }
     if (phase_ == Phase::moving) {
-        judge(geometry->frame());
+        judge(*geometry);
     } else if (phase_ == Phase::watching) {
-        review(geometry->frame());
+        review(*geometry);
         if (isPhaseOver && phase_ == Phase::watching)
             finish();
     }
 }
 
-void X11Placement::begin() {
+void X11Placement::begin(const X11WindowGeometry &now) {
     requests_ = 0;
     answer_.reset();
     isAnswered_ = false;
-    request();
+    request(now);
 }
 
-void X11Placement::request() {
-    const auto geometry = readGeometry(session_, window_);
-    if (!geometry) {
-        finish();
-        return;
-    }
+void X11Placement::request(const X11WindowGeometry &now) {
     constexpr std::uint32_t remove = 0;
     constexpr std::uint32_t fromPager = 2;
     for (const StateGroup &group : heldGroups())
@@ -142,25 +153,27 @@ void X11Placement::request() {
     // The window manager takes these in order. Where leaving the state changed the decorations, this frame is
     // off by them, and the next request is right.
     session_.sendToRoot(window_, session_.atom("_NET_MOVERESIZE_WINDOW"),
-                        moveResizeMessage(target_, geometry->extents, hasStaticGravity()));
+                        moveResizeMessage(target_, now.extents, hasStaticGravity()));
     ++requests_;
     phase_ = Phase::moving;
     limit_.start(longestSilence);
     // A window that stands there already may be told nothing.
-    if (geometry->frame() == target_)
+    if (now.frame() == target_)
         quiet_.start(stillness);
     else
         quiet_.stop();
 }
 
-void X11Placement::judge(const QRect &frame) {
+void X11Placement::judge(const X11WindowGeometry &now) {
+    const QRect frame = now.frame();
     const bool isThere = frame == target_ && heldGroups().empty();
-    if (isThere || answer_ == frame || requests_ == mostRequests) {
+    // Whoever holds a button is moving the window by hand.
+    if (isThere || answer_ == frame || requests_ == mostRequests || isButtonDown()) {
         settle(frame);
         return;
     }
     answer_ = frame;
-    request();
+    request(now);
 }
 
 void X11Placement::settle(const QRect &frame) {
@@ -169,16 +182,16 @@ void X11Placement::settle(const QRect &frame) {
     limit_.start(isAnswered_ || frame == target_ ? watchTime : patience);
 }
 
-void X11Placement::review(const QRect &frame) {
+void X11Placement::review(const X11WindowGeometry &now) {
+    const QRect frame = now.frame();
     if ((frame == settled_ || frame == target_) && heldGroups().empty())
         return;
-    // Whoever holds a button is moving the window by hand.
     if (corrections_ == mostCorrections || isButtonDown()) {
         finish();
         return;
     }
     ++corrections_;
-    begin();
+    begin(now);
 }
 
 void X11Placement::finish() {

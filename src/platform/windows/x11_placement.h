@@ -9,6 +9,7 @@
 
 #include <array>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace pimloft {
@@ -49,14 +50,15 @@ private:
     };
 
     void handle(const xcb_generic_event_t &event);
-    bool isOfFrame(xcb_atom_t property);
+    bool isAmong(std::span<const char *const> names, xcb_atom_t property);
     void handleActivity();
     void handleTimeout();
-    void begin();
-    void request();
-    void judge(const QRect &frame);
+    void begin(const X11WindowGeometry &now);
+    void request(const X11WindowGeometry &now);
+    void refit();
+    void judge(const X11WindowGeometry &now);
     void settle(const QRect &frame);
-    void review(const QRect &frame);
+    void review(const X11WindowGeometry &now);
     void finish();
 
     /// One or two states that are left with one message.

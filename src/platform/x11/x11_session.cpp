@@ -79,6 +79,12 @@ QByteArray X11Session::property8(xcb_window_t window, xcb_atom_t name) {
     return {static_cast<const char *>(xcb_get_property_value(reply.get())), qsizetype(reply->value_len)};
 }
 
+bool X11Session::exists(xcb_window_t window) {
+    const XcbReply<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
+        connection_, xcb_get_window_attributes(connection_, window), nullptr));
+    return reply != nullptr;
+}
+
 bool X11Session::isMapped(xcb_window_t window) {
     const auto cookie = xcb_get_window_attributes(connection_, window);
     const XcbReply<xcb_get_window_attributes_reply_t> reply(

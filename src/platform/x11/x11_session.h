@@ -55,6 +55,7 @@ public:
     std::vector<std::uint32_t> property32(xcb_window_t window, xcb_atom_t name);
     QByteArray property8(xcb_window_t window, xcb_atom_t name);
 
+    bool exists(xcb_window_t window);
     /// Whether a window exists and is shown, unless another one covers it.
     bool isMapped(xcb_window_t window);
 

@@ -57,6 +57,9 @@ X11WindowType windowType(X11Session &session, xcb_window_t window) {
 }
 
 std::optional<ProcessId> windowProcess(X11Session &session, xcb_window_t window) {
+    // The server knows whose id it would be, also when there is no such window.
+    if (!session.exists(window))
+        return std::nullopt;
     if (const auto process = processByServer(session, window))
         return process;
     const auto claimed = session.property32(window, session.atom("_NET_WM_PID"));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Pimloft.Kit
 
 /// A short word in a pill beside a name.
 Rectangle {

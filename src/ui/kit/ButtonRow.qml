@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Layouts
+import Pimloft.Kit
 
 /// A row with a text and a button at its end.
 RowLayout {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Layouts
+import Pimloft.Kit
 
 /// What explains the row above it.
 Label {

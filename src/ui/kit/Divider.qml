@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Layouts
+import Pimloft.Kit
 
 /// The hairline between two rows of a section.
 Rectangle {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Layouts
+import Pimloft.Kit
 
 /// The brand's mark with a title, and what can be done at its end.
 RowLayout {

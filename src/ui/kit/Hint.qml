@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Templates as T
+import Pimloft.Kit
 
 /// A tooltip.
 T.ToolTip {

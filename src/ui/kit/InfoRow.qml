@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Layouts
+import Pimloft.Kit
 
 /// A row with a name and what it is.
 RowLayout {

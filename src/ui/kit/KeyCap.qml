@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Pimloft.Kit
 
 /// A key combination as it is printed on a key.
 Rectangle {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Pimloft.Kit
 
 /// A line of text that is cut short where the room ends.
 Text {

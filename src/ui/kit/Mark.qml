@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Pimloft.Kit
 
 /// A symbol on a tile in the brand's colours.
 Rectangle {

@@ -2,6 +2,7 @@
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
+import Pimloft.Kit
 
 /// A page of sections that scrolls where the window is too small for it, also to whatever gets the keyboard.
 Flickable {

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Pimloft.Kit
 
-/// Shows the page at an address with the properties it wants, whatever it is.
+/// Shows the page that is at an address, with the properties it wants, whatever it is.
 Item {
     id: place
 
-    property url source
-    property var properties: ({})
+    /// With a source and its properties.
+    property var page
 
-    onSourceChanged: loader.setSource(source, properties)
+    onPageChanged: loader.setSource(page.source, page.properties)
 
     Loader {
         id: loader

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Layouts
+import Pimloft.Kit
 
 /// A floating panel around a column. Where windows are blended it has round corners and a shadow, which it draws
 /// itself within its own size; otherwise it is a plain box.

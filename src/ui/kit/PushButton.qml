@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Templates as T
+import Pimloft.Kit
 
 /// A button with a text: plain, or prominent for the one thing that a page is about.
 T.Button {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Templates as T
+import Pimloft.Kit
 
 /// Tells how far a page is scrolled, while there is more than is seen.
 T.ScrollBar {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Layouts
+import Pimloft.Kit
 
 /// A row with a key combination and what it does. `problem` says why it does not work, if so.
 RowLayout {

@@ -2,6 +2,7 @@
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
+import Pimloft.Kit
 
 /// The list of a window's pages. The arrow keys go through it.
 T.Control {

@@ -2,6 +2,7 @@
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
+import Pimloft.Kit
 
 /// The name of one page in the list of pages.
 T.AbstractButton {

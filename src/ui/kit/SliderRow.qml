@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Layouts
+import Pimloft.Kit
 
 /// A row with a name, a slider and the value in words. `moved` tells what the user picked.
 RowLayout {

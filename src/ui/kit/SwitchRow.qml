@@ -2,6 +2,7 @@
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
+import Pimloft.Kit
 
 /// A row whose text and switch turn something on and off. Setting `checked` from outside turns nothing on;
 /// `switched` tells what the user wants.

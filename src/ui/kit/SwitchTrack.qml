@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Templates as T
+import Pimloft.Kit
 
 /// The drawing of a switch, which slides its knob from the leading to the trailing end.
 Rectangle {

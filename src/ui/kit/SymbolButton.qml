@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Templates as T
+import Pimloft.Kit
 
 /// A button that shows a symbol only; its text is its tooltip and what a screen reader says.
 T.Button {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
+import Pimloft.Kit
 
 /// A symbol on a disc that is lit while what it stands for is on.
 Rectangle {

@@ -162,6 +162,10 @@ void XDesktop::activate(xcb_window_t window) {
     send(window, "_NET_ACTIVE_WINDOW", {2, XCB_CURRENT_TIME, XCB_NONE});
 }
 
+void XDesktop::close(xcb_window_t window) {
+    send(window, "_NET_CLOSE_WINDOW", {XCB_CURRENT_TIME, 2});
+}
+
 void XDesktop::setState(xcb_window_t window, const char *state, bool on) {
     const QByteArray name = QByteArray("_NET_WM_STATE_") + state;
     // A maximised window is so in both directions.
@@ -255,14 +259,14 @@ xcb_window_t XDesktop::openDock(Edge edge, int thickness, int from, int to) {
     return window;
 }
 
-QImage XDesktop::screenshot() const {
-    const QRect all = screen();
-    const auto cookie = xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, screen_->root, 0, 0,
-                                      std::uint16_t(all.width()), std::uint16_t(all.height()), ~0U);
+QImage XDesktop::picture(const QRect &area) const {
+    const auto cookie =
+        xcb_get_image(connection_, XCB_IMAGE_FORMAT_Z_PIXMAP, screen_->root, std::int16_t(area.x()),
+                      std::int16_t(area.y()), std::uint16_t(area.width()), std::uint16_t(area.height()), ~0U);
     const auto reply = owned(xcb_get_image_reply(connection_, cookie, nullptr));
     if (!reply)
-        return {};
-    return QImage(xcb_get_image_data(reply.get()), all.width(), all.height(), QImage::Format_RGB32).copy();
+        qFatal("no picture of the display");
+    return QImage(xcb_get_image_data(reply.get()), area.width(), area.height(), QImage::Format_RGB32).copy();
 }
 
 }  // namespace pimloft::test

@@ -44,6 +44,7 @@ public:
 
     /// As a task bar asks for it.
     void activate(xcb_window_t window);
+    void close(xcb_window_t window);
     void setState(xcb_window_t window, const char *state, bool on);
     /// Places the visible frame.
     void place(xcb_window_t window, const QRect &frame);
@@ -60,7 +61,8 @@ public:
     enum class Edge { left, right, top, bottom };
     xcb_window_t openDock(Edge edge, int thickness, int from, int to);
 
-    QImage screenshot() const;
+    QImage screenshot() const { return picture(screen()); }
+    QRgb pixel(QPoint at) const { return picture({at, QSize(1, 1)}).pixel(0, 0); }
 
 private:
     struct Property {
@@ -68,6 +70,7 @@ private:
         std::vector<std::uint8_t> bytes;
         std::vector<std::uint32_t> values() const;
     };
+    QImage picture(const QRect &area) const;
     bool isOf(xcb_window_t window, const QString &windowClass) const;
     xcb_atom_t atom(const QByteArray &name) const;
     Property property(xcb_window_t window, const char *name) const;

@@ -5,7 +5,7 @@
 #include "support/physical_input.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
+#include <QDir>
 #include <QHash>
 #include <QThread>
 
@@ -30,7 +30,7 @@ constexpr char usage[] = R"(hand COMMAND... does one after the other:
   press KEYS            for example ctrl+super+left
   type TEXT
   pause MILLISECONDS
-  shot FILE             a picture of the whole display
+  picture NAME          of the whole display, numbered, into $PICTURES, with $LOOK at its name's end
 )";
 
 [[noreturn]] void fail(const QString &message) {
@@ -56,7 +56,7 @@ public:
             {QStringLiteral("press"), [this] { press(next()); }},
             {QStringLiteral("type"), [this] { input_.type(next().toUtf8().constData()); }},
             {QStringLiteral("pause"), [this] { QThread::msleep(next().toUInt()); }},
-            {QStringLiteral("shot"), [this] { shot(next()); }},
+            {QStringLiteral("picture"), [this] { picture(next()); }},
         };
         while (!arguments_.isEmpty()) {
             const QString name = next();
@@ -151,10 +151,15 @@ private:
             input_.release(codes[*name]);
     }
 
-    void shot(const QString &file) {
-        if (!desktop_.screenshot().save(file))
-            fail(QStringLiteral("cannot write ") + file);
-        std::printf("%s\n", qPrintable(QFileInfo(file).fileName()));
+    void picture(const QString &name) {
+        const QDir folder(qEnvironmentVariable("PICTURES"));
+        const auto number = folder.entryList({QStringLiteral("*.png")}).size() + 1;
+        const QString file = QStringLiteral("%1-%2-%3.png")
+                                 .arg(number, 2, 10, QLatin1Char('0'))
+                                 .arg(name, qEnvironmentVariable("LOOK"));
+        if (!desktop_.screenshot().save(folder.filePath(file)))
+            fail(QStringLiteral("cannot write ") + folder.filePath(file));
+        std::printf("%s\n", qPrintable(folder.filePath(file)));
     }
 
     QStringList arguments_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/desktop_session.h"
 #include "support/physical_input.h"
+#include "support/qt_printers.h"
 
 #include <QLineEdit>
 

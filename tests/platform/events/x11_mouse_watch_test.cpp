@@ -2,6 +2,7 @@
 #include "platform/events/x11_mouse_watch.h"
 #include "support/desktop_session.h"
 #include "support/physical_input.h"
+#include "support/qt_printers.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>

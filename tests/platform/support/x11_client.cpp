@@ -133,14 +133,6 @@ void X11Client::iconify(xcb_window_t window) {
     send(window, "WM_CHANGE_STATE", {iconic, 0, 0, 0, 0});
 }
 
-void X11Client::pretendCompositor() {
-    const xcb_window_t owner = xcb_generate_id(connection_);
-    xcb_create_window(connection_, XCB_COPY_FROM_PARENT, owner, root_, -1, -1, 1, 1, 0,
-                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
-    xcb_set_selection_owner(connection_, owner, atom("_NET_WM_CM_S0"), XCB_CURRENT_TIME);
-    xcb_flush(connection_);
-}
-
 void X11Client::changeState(xcb_window_t window, Change change, std::initializer_list<const char *> states) {
     std::array<std::uint32_t, 5> data{std::uint32_t(change), 0, 0, 2, 0};
     std::transform(states.begin(), states.end(), data.begin() + 1,
@@ -199,18 +191,21 @@ QRect X11Client::clientRect(xcb_window_t window) {
     return size && origin ? QRect(origin->dst_x, origin->dst_y, size->width, size->height) : QRect();
 }
 
-QRect X11Client::visibleFrame(xcb_window_t window) {
-    const auto shadow = property(window, "_GTK_FRAME_EXTENTS");
+QRect X11Client::outermostFrame(xcb_window_t window) {
     for (;;) {
         const Reply<xcb_query_tree_reply_t> tree(
             xcb_query_tree_reply(connection_, xcb_query_tree(connection_, window), nullptr));
         if (!tree)
             return {};
         if (tree->parent == root_)
-            break;
+            return clientRect(window);
         window = tree->parent;
     }
-    const QRect outermost = clientRect(window);
+}
+
+QRect X11Client::visibleFrame(xcb_window_t window) {
+    const auto shadow = property(window, "_GTK_FRAME_EXTENTS");
+    const QRect outermost = outermostFrame(window);
     if (shadow.size() != 4)
         return outermost;
     return outermost.marginsRemoved(QMargins(int(shadow[0]), int(shadow[2]), int(shadow[1]), int(shadow[3])));

@@ -50,9 +50,6 @@ public:
     enum class Change { remove = 0, add = 1 };
     void changeState(xcb_window_t window, Change change, std::initializer_list<const char *> states);
 
-    /// Makes programs believe that translucent shadows can be shown.
-    void pretendCompositor();
-
     bool isManaged(xcb_window_t window);
     bool isActive(xcb_window_t window);
     bool hasState(xcb_window_t window, const char *state);
@@ -61,6 +58,8 @@ public:
     xcb_window_t find(const std::string &title);
     /// What the user sees: the outermost frame around the window, less a shadow that the program draws.
     QRect visibleFrame(xcb_window_t window);
+    /// With a shadow that the program draws.
+    QRect outermostFrame(xcb_window_t window);
     QRect clientRect(xcb_window_t window);
 
     xcb_window_t root() const { return root_; }

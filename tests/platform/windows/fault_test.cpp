@@ -107,12 +107,11 @@ TEST_F(Fault, aWindowThatChangesItsShadowAfterwardsIsFittedAgain) {
 }
 
 TEST_F(Fault, aLaterWindowWithTheIdOfOneThatIsGoneIsAnother) {
-    const auto reference = openFocused();
     const auto second = std::make_unique<X11Client>();
     const xcb_window_t reused = second->open();
     const auto old = focus(reused);
     client.close(reused);  // by another program, as when its program ends
-    ASSERT_TRUE(waitUntil([&] { return !windows.position(old); }));
+    ASSERT_TRUE(waitUntil([&] { return !client.isManaged(reused); }));
     second->reopen(reused);
     const auto young = focus(reused);
     EXPECT_NE(young, old);

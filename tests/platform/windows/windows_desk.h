@@ -31,10 +31,14 @@ protected:
         return focus(window);
     }
 
-    /// Waits for the frame, then watches that nothing moves it away again.
+    /// Waits until the window has kept the frame for `quiet` milliseconds.
     void expectFrame(const QRect &frame, int quiet = 200) {
-        waitUntil([&] { return client.visibleFrame(window) == frame; }, 3000);
-        waitUntil([&] { return client.visibleFrame(window) != frame; }, quiet);
+        waitUntil(
+            [&] {
+                return client.visibleFrame(window) == frame &&
+                       !waitUntil([&] { return client.visibleFrame(window) != frame; }, quiet);
+            },
+            3000);
         EXPECT_EQ(text(client.visibleFrame(window)), text(frame));
     }
 

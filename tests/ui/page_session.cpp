@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "page_session.h"
+
+#include <QAccessible>
+#include <QGuiApplication>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace pimloft::test {
+
+namespace {
+
+QStringList warnings;
+QtMessageHandler previousHandler = nullptr;
+
+void keepWarning(QtMsgType type, const QMessageLogContext &context, const QString &message) {
+    if (type == QtDebugMsg || type == QtInfoMsg)
+        return previousHandler(type, context, message);
+    warnings << message; fprintf(stderr,"%s\n",qPrintable(message));
+}
+
+QString roleName(QAccessible::Role role) {
+    switch (role) {
+    case QAccessible::Button: return QStringLiteral("button");
+    case QAccessible::CheckBox: return QStringLiteral("switch");
+    case QAccessible::Grouping: return QStringLiteral("group");
+    case QAccessible::Heading: return QStringLiteral("heading");
+    case QAccessible::ListItem: return QStringLiteral("list item");
+    case QAccessible::PageTab: return QStringLiteral("tab");
+    case QAccessible::PageTabList: return QStringLiteral("tabs");
+    case QAccessible::Slider: return QStringLiteral("slider");
+    case QAccessible::StaticText: return QStringLiteral("text");
+    case QAccessible::AlertMessage: return QStringLiteral("alert");
+    default: return QString::number(int(role));
+    }
+}
+
+void collect(QAccessibleInterface *interface, QStringList &lines) {
+    if (!interface || interface->state().invisible)
+        return;
+    const QString name = interface->text(QAccessible::Name);
+    if (!name.isEmpty()) {
+        QString line = roleName(interface->role()) + QStringLiteral(": ") + name;
+        if (interface->state().checkable)
+            line += interface->state().checked ? QStringLiteral(" [on]") : QStringLiteral(" [off]");
+        if (interface->state().selected)
+            line += QStringLiteral(" [selected]");
+        lines << line;
+    }
+    for (int index = 0; index < interface->childCount(); ++index)
+        collect(interface->child(index), lines);
+}
+
+QQuickItem *find(QAccessibleInterface *interface, const QString &name) {
+    if (!interface || interface->state().invisible)
+        return nullptr;
+    if (interface->text(QAccessible::Name) == name)
+        return qobject_cast<QQuickItem *>(interface->object());
+    for (int index = 0; index < interface->childCount(); ++index)
+        if (QQuickItem *found = find(interface->child(index), name))
+            return found;
+    return nullptr;
+}
+
+void collectTexts(QQuickItem *item, QStringList &list) {
+    if (!item->isVisible())
+        return;
+    if (item->inherits("QQuickText") && !item->property("text").toString().isEmpty())
+        list << item->property("text").toString();
+    for (QQuickItem *child : item->childItems())
+        collectTexts(child, list);
+}
+
+}  // namespace
+
+PageSession::PageSession() : process(desktop.platform(), clock, {}) {
+    QAccessible::setActive(true);
+    warnings.clear();
+    previousHandler = qInstallMessageHandler(keepWarning);
+    desktop.displays.add(DisplayId(1), QRectF(0, 0, 1600, 1000));
+}
+
+PageSession::~PageSession() {
+    views_.reset();
+    qInstallMessageHandler(previousHandler);
+    EXPECT_EQ(takeWarnings().join(QLatin1Char('\n')).toStdString(), "");
+}
+
+QuickViewHost &PageSession::views() {
+    if (!views_)
+        views_ = std::make_unique<QuickViewHost>(desktop.displays, theme());
+    return *views_;
+}
+
+QStringList PageSession::takeWarnings() {
+    return std::exchange(warnings, {});
+}
+
+QQuickWindow *shownWindow() {
+    QQuickWindow *newest = nullptr;
+    for (QWindow *window : QGuiApplication::topLevelWindows())
+        if (auto *quick = qobject_cast<QQuickWindow *>(window); quick && quick->isVisible())
+            newest = quick;
+    EXPECT_TRUE(newest) << "no window is on screen";
+    return newest;
+}
+
+QStringList spoken(QQuickItem *root) {
+    QStringList lines;
+    collect(QAccessible::queryAccessibleInterface(root), lines);
+    return lines;
+}
+
+QQuickItem *named(QQuickItem *root, const QString &name) {
+    return find(QAccessible::queryAccessibleInterface(root), name);
+}
+
+QStringList texts(QQuickItem *root) {
+    QStringList list;
+    collectTexts(root, list);
+    return list;
+}
+
+void type(QWindow *window, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(window, key, modifiers);
+}
+
+void click(QQuickItem *item) {
+    const QPointF middle = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
+    QTest::mouseClick(item->window(), Qt::LeftButton, Qt::NoModifier, middle.toPoint());
+}
+
+}  // namespace pimloft::test

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/accessibility_manager.h"
+#include "app/app_state.h"
+#include "app/process.h"
+#include "app/settings_manager.h"
+#include "platform/fake_desktop.h"
+#include "ui/kit/theme.h"
+#include "ui/quick_view_host.h"
+
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QStringList>
+
+namespace pimloft::test {
+
+/// The running program on a pretended desktop, with windows as real as the Qt platform that the test runs on.
+class PageSession {
+public:
+    PageSession();
+    ~PageSession();
+
+    FakeDesktop desktop;
+    SystemClock clock;
+    Process process;
+
+    AppState &appState() { return AppState::shared(); }
+    AccessibilityManager &accessibility() { return AccessibilityManager::shared(); }
+    SettingsManager &settings() { return SettingsManager::shared(); }
+    Theme &theme() { return Theme::shared(); }
+    QuickViewHost &views();
+
+    /// What Qt and QML complained about since the last call. Nothing is expected.
+    static QStringList takeWarnings();
+
+private:
+    std::unique_ptr<QuickViewHost> views_;
+};
+
+/// The newest window of ours on screen; fails the test if there is none.
+QQuickWindow *shownWindow();
+
+/// What a screen reader is told of an item and everything in it: "role: name" in the order of the items, with
+/// the state in brackets.
+QStringList spoken(QQuickItem *root);
+
+/// The item that a screen reader calls by this name; null if there is none.
+QQuickItem *named(QQuickItem *root, const QString &name);
+
+/// Every visible text below an item.
+QStringList texts(QQuickItem *root);
+
+/// Presses and releases a key in a window.
+void type(QWindow *window, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+/// Clicks the middle of an item.
+void click(QQuickItem *item);
+
+}  // namespace pimloft::test
