@@ -98,13 +98,16 @@ TEST_P(Shortcuts, restoreMirroredAtThePrimaryDisplaysMiddleAndOnlyOnce) {
     press(KEY_DOWN);
     expectFrame(window, {300, 1000 - 150 - 400, 640, 400});
 
-    desktop().place(window, {120, 100, 500, 300});
-    ASSERT_TRUE(waitUntil([&] { return desktop().visibleFrame(window) == QRect(120, 100, 500, 300); }));
+    dragTo(window, {500, 200});
+    drop();
+    letPimloftCatchUp();
+    const QRect dropped = desktop().visibleFrame(window);
+    ASSERT_EQ(dropped.size(), QSize(640, 400));
     press(KEY_DOWN);  // remembers nothing any more
     press(KEY_RIGHT);
     expectFrame(window, part(screen, 0.5, 0, 0.5, 1));
     press(KEY_DOWN);
-    expectFrame(window, {120, 1000 - 100 - 300, 500, 300});
+    expectFrame(window, {dropped.x(), 1000 - dropped.y() - 400, 640, 400});
 }
 
 TEST_P(Shortcuts, takeAWindowOutOfTheMaximisedState) {

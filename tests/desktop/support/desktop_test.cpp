@@ -67,7 +67,8 @@ Program &DesktopTest::startPimloft(const Variables &variables) {
 
 Program &DesktopTest::startUntrustedPimloft() {
     programs_.push_back(std::make_unique<Program>(session()));
-    EXPECT_TRUE(waitUntil([this] { return pimloft().answers(); }, 10000)) << "it does not come up";
+    EXPECT_TRUE(waitUntil([this] { return pimloft().isReachable(); }, 10000) && pimloft().answers())
+        << "it does not come up";
     return pimloft();
 }
 

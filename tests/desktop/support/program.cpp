@@ -52,6 +52,12 @@ Program::~Program() {
     }
 }
 
+bool Program::isReachable() const {
+    QFile sockets(QStringLiteral("/proc/net/unix"));
+    return isRunning() && sockets.open(QIODevice::ReadOnly) &&
+           sockets.readAll().contains((session_.home() + QStringLiteral("/runtime/")).toUtf8());
+}
+
 bool Program::answers() const {
     return isRunning() && launch(session_, {QStringLiteral("--doctor")}).exitCode == 0;
 }

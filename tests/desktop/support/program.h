@@ -19,7 +19,9 @@ public:
     /// Asks it to end, and kills it when it does not.
     ~Program();
 
-    /// Whether another launch finds it at work; false too when it has ended.
+    /// Whether another launch would find it.
+    bool isReachable() const;
+    /// Whether another launch gets an answer, and so whether it has dealt with what happened before.
     bool answers() const;
     bool isRunning() const { return process_->state() == QProcess::Running; }
     pid_t pid() const { return pid_t(process_->processId()); }

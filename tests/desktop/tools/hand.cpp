@@ -19,6 +19,7 @@ namespace {
 constexpr int glideMilliseconds = 600;
 
 constexpr char usage[] = R"(hand COMMAND... does one after the other:
+  ready                 waits until Pimloft's shortcuts are live
   wait TITLE            until there is a window of that title
   place TITLE X Y W H   puts the visible frame of a window there
   raise TITLE           gives it the keyboard
@@ -45,6 +46,7 @@ public:
 
     void run() {
         const QHash<QString, std::function<void()>> commands = {
+            {QStringLiteral("ready"), [this] { waitForShortcuts(); }},
             {QStringLiteral("wait"), [this] { window(); }},
             {QStringLiteral("place"), [this] { place(); }},
             {QStringLiteral("raise"), [this] { raise(window()); }},
@@ -87,6 +89,12 @@ private:
         if (!waitUntil([&] { return desktop_.window(title).has_value(); }, 15000))
             fail(QStringLiteral("no window ") + title);
         return *desktop_.window(title);
+    }
+
+    void waitForShortcuts() {
+        const auto live = [&] { return desktop_.isKeyTaken(KEY_6, XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_4); };
+        if (!waitUntil(live, 15000))
+            fail(QStringLiteral("Pimloft does not come up"));
     }
 
     void place() {
