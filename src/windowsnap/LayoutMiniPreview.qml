@@ -31,7 +31,7 @@ Item {
             width: modelData.width * preview.width - 2
             height: modelData.height * preview.height - 2
             radius: 3
-            color: Theme.colors.accent
+            color: Theme.colors.accentText
             opacity: 0.25
         }
     }

@@ -3,6 +3,7 @@
 
 #include <QAccessible>
 #include <QGuiApplication>
+#include <QScreen>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -17,7 +18,7 @@ QtMessageHandler previousHandler = nullptr;
 void keepWarning(QtMsgType type, const QMessageLogContext &context, const QString &message) {
     if (type == QtDebugMsg || type == QtInfoMsg)
         return previousHandler(type, context, message);
-    warnings << message; fprintf(stderr,"%s\n",qPrintable(message));
+    warnings << message;
 }
 
 QString roleName(QAccessible::Role role) {
@@ -78,7 +79,7 @@ PageSession::PageSession() : process(desktop.platform(), clock, {}) {
     QAccessible::setActive(true);
     warnings.clear();
     previousHandler = qInstallMessageHandler(keepWarning);
-    desktop.displays.add(DisplayId(1), QRectF(0, 0, 1600, 1000));
+    desktop.displays.add(DisplayId(1), QRectF(QPointF(), QGuiApplication::primaryScreen()->size()));
 }
 
 PageSession::~PageSession() {

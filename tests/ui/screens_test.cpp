@@ -109,12 +109,13 @@ TEST_P(Screens, settings) {
 }
 
 TEST_P(Screens, popover) {
-    test::PlainPanels panels(1000);
+    const QSizeF screen = QGuiApplication::primaryScreen()->size();
+    test::PlainPanels panels(screen.height());
     panels.blending = GetParam().trusted;
     PopoverController popover(session.appState(), session.accessibility(), session.views().engine(), panels,
                               session.desktop.displays);
     session.appState().finderFix()->setEnabled(false);
-    popover.open(QRectF(1500, 976, 22, 22));
+    popover.open(QRectF(screen.width() - 100, screen.height() - 24, 22, 22));
     QQuickWindow *window = test::shownWindow();
     EXPECT_GE(colours(picture(window, QStringLiteral("popover"))), 50);
     test::type(window, Qt::Key_Tab);

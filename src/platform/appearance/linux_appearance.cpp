@@ -5,6 +5,7 @@
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
+#include <QDBusVariant>
 #include <QIcon>
 
 namespace pimloft {
@@ -40,7 +41,7 @@ LinuxAppearance::LinuxAppearance(X11Session &session, QDBusConnection bus)
     connect(&portalWatcher_, &QDBusServiceWatcher::serviceUnregistered, this, &LinuxAppearance::forgetPortal);
     // From any sender: to name the portal would wait for the bus. What it announces is asked for again.
     bus_.connect(QString(), portalPath, portalSettings, QStringLiteral("SettingChanged"), this,
-                 SLOT(portalChanged(QString, QString, QDBusVariant)));
+                 SLOT(portalChanged(QString, QString)));
     askPortal();
 }
 
@@ -66,7 +67,7 @@ void LinuxAppearance::forgetPortal() {
     update();
 }
 
-void LinuxAppearance::portalChanged(const QString &group, const QString &key, const QDBusVariant &) {
+void LinuxAppearance::portalChanged(const QString &group, const QString &key) {
     if (group == appearanceGroup && key == colorScheme)
         askPortal();
 }

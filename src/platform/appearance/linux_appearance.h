@@ -6,7 +6,6 @@
 
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
-#include <QDBusVariant>
 #include <QObject>
 
 namespace pimloft {
@@ -26,7 +25,7 @@ public:
     bool isDark() const override { return isDark_; }
 
 private slots:
-    void portalChanged(const QString &group, const QString &key, const QDBusVariant &value);
+    void portalChanged(const QString &group, const QString &key);
 
 private:
     enum class Wish { none = 0, dark = 1, light = 2 };  ///< numbered as the portal does

@@ -19,10 +19,10 @@ struct StrutEdge {
 };
 
 struct Strut {
-    StrutEdge left;
-    StrutEdge right;
-    StrutEdge top;
-    StrutEdge bottom;
+    StrutEdge left = {};
+    StrutEdge right = {};
+    StrutEdge top = {};
+    StrutEdge bottom = {};
 };
 
 /// Reads the values of _NET_WM_STRUT_PARTIAL, else those of _NET_WM_STRUT, which count along the whole edge.

@@ -11,8 +11,9 @@ namespace pimloft {
 
 namespace {
 
-/// Between two looks at a moving pointer: half a frame of a usual screen.
-constexpr std::chrono::milliseconds lookInterval{8};
+/// Between two looks at a moving pointer: less than a frame of a usual screen, and so long that a drag costs
+/// well below a hundredth of a core.
+constexpr std::chrono::milliseconds lookInterval{10};
 
 constexpr unsigned buttons = X11RawInput::buttonPress | X11RawInput::buttonRelease;
 

@@ -66,6 +66,7 @@ X11Placement::~X11Placement() = default;
 
 void X11Placement::moveTo(const QRect &frame) {
     target_ = frame;
+    phase_ = Phase::moving;
     corrections_ = 0;
     if (const auto geometry = readGeometry(session_, window_))
         begin(*geometry);
@@ -74,25 +75,19 @@ void X11Placement::moveTo(const QRect &frame) {
 }
 
 void X11Placement::handle(const xcb_generic_event_t &event) {
-    switch (X11Session::type(event)) {
-    case XCB_CONFIGURE_NOTIFY:
+    if (X11Session::goneWindow(event) == window_) {
+        finish();
+    } else if (X11Session::type(event) == XCB_CONFIGURE_NOTIFY) {
         if (reinterpret_cast<const xcb_configure_notify_event_t &>(event).window == window_)
             handleActivity();
-        break;
-    case XCB_PROPERTY_NOTIFY: {
+    } else if (X11Session::type(event) == XCB_PROPERTY_NOTIFY) {
         const auto &notice = reinterpret_cast<const xcb_property_notify_event_t &>(event);
-        if (notice.window == window_ && isAmong(stateProperties, notice.atom))
-            handleActivity();
-        if (notice.window == window_ && isAmong(extentProperties, notice.atom)) {
-            handleActivity();
+        const bool isExtent = isAmong(extentProperties, notice.atom);
+        if (notice.window != window_ || !(isExtent || isAmong(stateProperties, notice.atom)))
+            return;
+        handleActivity();
+        if (isExtent)
             refit();
-        }
-        break;
-    }
-    case XCB_DESTROY_NOTIFY:
-        if (reinterpret_cast<const xcb_destroy_notify_event_t &>(event).window == window_)
-            finish();
-        break;
     }
 }
 

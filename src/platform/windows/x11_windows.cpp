@@ -89,9 +89,7 @@ void X11Windows::endJourney(xcb_window_t window) {
 }
 
 void X11Windows::forget(const xcb_generic_event_t &event) {
-    if (X11Session::type(event) != XCB_DESTROY_NOTIFY)
-        return;
-    const auto known = known_.find(reinterpret_cast<const xcb_destroy_notify_event_t &>(event).window);
+    const auto known = known_.find(X11Session::goneWindow(event));
     if (known == known_.end())
         return;
     if (const auto window = known->second.lock())

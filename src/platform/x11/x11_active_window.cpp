@@ -11,6 +11,12 @@ xcb_window_t first(const std::vector<std::uint32_t> &windows) {
     return windows.empty() ? xcb_window_t(XCB_NONE) : windows.front();
 }
 
+/// Some window managers unmap what is rolled up into its title bar.
+bool isShaded(X11Session &session, xcb_window_t window) {
+    const auto states = session.property32(window, session.atom("_NET_WM_STATE"));
+    return std::find(states.begin(), states.end(), session.atom("_NET_WM_STATE_SHADED")) != states.end();
+}
+
 }  // namespace
 
 xcb_window_t activeWindow(X11Session &session) {
@@ -27,7 +33,7 @@ xcb_window_t activeWindow(X11Session &session) {
     // A window manager that was killed leaves its properties on the root, but not its own window.
     if (manager == XCB_NONE || first(session.property32(manager, check)) != manager)
         return XCB_NONE;
-    return session.isMapped(active) ? active : xcb_window_t(XCB_NONE);
+    return session.isMapped(active) || isShaded(session, active) ? active : xcb_window_t(XCB_NONE);
 }
 
 X11ActiveWindow::X11ActiveWindow(X11Session &session) : session_(session) {

@@ -127,12 +127,13 @@ std::unique_ptr<X11Session::Subscription> X11Session::subscribe(Handler handler)
     return std::make_unique<Subscription>(*this, key);
 }
 
-void X11Session::forgetLostWindow(const xcb_generic_event_t &event) {
+xcb_window_t X11Session::goneWindow(const xcb_generic_event_t &event) {
     if (type(event) == XCB_DESTROY_NOTIFY)
-        masks_.erase(reinterpret_cast<const xcb_destroy_notify_event_t &>(event).window);
-    // An error: the window was gone before it could be selected.
-    if (event.response_type == 0 && event.pad0 == XCB_WINDOW)
-        masks_.erase(reinterpret_cast<const xcb_value_error_t &>(event).bad_value);
+        return reinterpret_cast<const xcb_destroy_notify_event_t &>(event).window;
+    const bool isError = event.response_type == 0;
+    if (isError && reinterpret_cast<const xcb_generic_error_t &>(event).error_code == XCB_WINDOW)
+        return reinterpret_cast<const xcb_value_error_t &>(event).bad_value;
+    return XCB_NONE;
 }
 
 void X11Session::dispatch(bool readSocket) {
@@ -141,7 +142,7 @@ void X11Session::dispatch(bool readSocket) {
                                                         : xcb_poll_for_queued_event(connection_));
     };
     while (const auto event = next()) {
-        forgetLostWindow(*event);
+        masks_.erase(goneWindow(*event));
         // A handler may subscribe, or end any subscription, so the next one is looked up by its key.
         for (auto handler = handlers_.begin(); handler != handlers_.end();) {
             const std::uint32_t key = handler->first;

@@ -87,9 +87,12 @@ public:
     /// The type of an event without the mark of events that another client sent.
     static int type(const xcb_generic_event_t &event) { return event.response_type & 0x7f; }
 
+    /// The window that an event tells to be gone, or XCB_NONE. Where another program destroyed it before the
+    /// server saw it selected, that is told by an error.
+    static xcb_window_t goneWindow(const xcb_generic_event_t &event);
+
 private:
     void dispatch(bool readSocket);
-    void forgetLostWindow(const xcb_generic_event_t &event);
 
     xcb_connection_t *connection_;
     xcb_window_t root_ = XCB_NONE;

@@ -1,29 +1,19 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
-import QtQuick.Layouts
 import Pimloft.Kit
 
 /// A row with a name and what it is.
-RowLayout {
+LeadingText {
     id: row
 
-    property string label
+    property alias label: row.text
     property string value
 
-    Layout.fillWidth: true
-    Layout.leftMargin: Theme.unit * 4
-    Layout.rightMargin: Theme.unit * 4
-    Layout.minimumHeight: Theme.rowHeight
-    spacing: Theme.unit * 4
+    Accessible.role: Accessible.StaticText
+    Accessible.name: qsTr("%1: %2").arg(label).arg(value)
 
     Label {
-        Layout.fillWidth: true
-        text: row.label
-    }
-    Label {
-        Layout.maximumWidth: row.width * 0.6
         text: row.value
         color: Theme.colors.secondaryText
-        horizontalAlignment: Text.AlignRight
     }
 }

@@ -12,7 +12,7 @@ Rectangle {
     implicitWidth: Theme.controlHeight
     implicitHeight: Theme.controlHeight
     radius: height / 2
-    color: lit ? Theme.colors.accent : Theme.colors.controlPressed
+    color: lit ? Theme.colors.accent : Theme.colors.unlit
 
     Behavior on color {
         ColorAnimation {

@@ -66,6 +66,7 @@ ThemeColors ThemeColors::light() {
     colors.controlPressed = 0xe9eaf0;
     colors.controlOutline = 0xc9cbd4;
     colors.hovered = 0xf4f5f9;
+    colors.unlit = 0xe9eaf0;
     colors.track = 0xc6c8d1;
     colors.knob = 0xffffff;
     colors.success = 0x147a3a;
@@ -96,6 +97,7 @@ ThemeColors ThemeColors::dark() {
     colors.controlPressed = 0x33343a;
     colors.controlOutline = 0x4d4f58;
     colors.hovered = 0x313238;
+    colors.unlit = 0x3d3e45;
     colors.track = 0x565862;
     colors.knob = 0xf4f4f7;
     colors.success = 0x57d487;

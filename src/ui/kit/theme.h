@@ -37,6 +37,7 @@ struct ThemeColors {
     Q_PROPERTY(QColor controlPressed MEMBER controlPressed)
     Q_PROPERTY(QColor controlOutline MEMBER controlOutline)
     Q_PROPERTY(QColor hovered MEMBER hovered)
+    Q_PROPERTY(QColor unlit MEMBER unlit)
     Q_PROPERTY(QColor track MEMBER track)
     Q_PROPERTY(QColor knob MEMBER knob)
     Q_PROPERTY(QColor success MEMBER success)
@@ -64,6 +65,7 @@ public:
     QColor controlPressed;  ///< under the finger
     QColor controlOutline;  ///< around it
     QColor hovered;         ///< a row under the pointer
+    QColor unlit;           ///< behind the symbol of what is off
     QColor track;           ///< a switch that is off, a slider's empty part
     QColor knob;            ///< of switches and sliders
     QColor success;         ///< text and symbols on card and successSoft

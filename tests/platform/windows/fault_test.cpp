@@ -3,6 +3,8 @@
 
 #include "platform/x11/x11_window_info.h"
 
+#include <QCoreApplication>
+
 #include <csignal>
 
 namespace pimloft::test {
@@ -112,6 +114,7 @@ TEST_F(Fault, aLaterWindowWithTheIdOfOneThatIsGoneIsAnother) {
     const auto old = focus(reused);
     client.close(reused);  // by another program, as when its program ends
     ASSERT_TRUE(waitUntil([&] { return !client.isManaged(reused); }));
+    QCoreApplication::processEvents();
     second->reopen(reused);
     const auto young = focus(reused);
     EXPECT_NE(young, old);
