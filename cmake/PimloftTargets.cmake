@@ -35,6 +35,13 @@ function(pimloft_test name)
     if(NOT ARG_LABELS)
         set(ARG_LABELS unit)
     endif()
+    # What `./dev test` builds of a sanitizer's preset: unit_tests, threaded_tests.
+    foreach(label IN LISTS ARG_LABELS)
+        if(NOT TARGET ${label}_tests)
+            add_custom_target(${label}_tests)
+        endif()
+        add_dependencies(${label}_tests ${name})
+    endforeach()
     gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
         PROPERTIES LABELS "${ARG_LABELS}" TIMEOUT 120)
 endfunction()

@@ -18,8 +18,11 @@ Process::Process(Platform platform, const Clock &clock, Dirs dirs)
 }
 
 Process::~Process() {
-    while (!instances_.empty())
+    while (!instances_.empty()) {
+        // Off the list first: an instance may still ask for others while it goes.
+        const Instance newest = std::move(instances_.back());
         instances_.pop_back();
+    }
     running = nullptr;
 }
 

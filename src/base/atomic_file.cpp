@@ -27,7 +27,13 @@ std::optional<QString> writeAtomically(const QString &path, const QByteArray &by
     if (!file.open(QIODevice::WriteOnly) ||
         !file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner))
         return file.errorString();
-    file.write(bytes);
+    // On a full disk the last part is cut off, which commit() alone would not notice.
+    errno = 0;
+    if (file.write(bytes) != bytes.size() || !file.flush()) {
+        const int reason = errno;
+        file.cancelWriting();
+        return reason ? QString::fromLocal8Bit(std::strerror(reason)) : file.errorString();
+    }
     if (!file.commit())
         return file.errorString();
     return std::nullopt;

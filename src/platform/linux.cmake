@@ -1,11 +1,55 @@
 # The Linux/X11 realisation of every service.
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET
-    xcb xcb-randr xcb-res xcb-shape xcb-xfixes xcb-xinput xcb-xkb xcb-xtest)
+    xcb xcb-randr xcb-res xcb-shape xcb-xfixes xcb-xinput xcb-xkb xcb-xtest xkbcommon xkbcommon-x11)
+pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-unix-2.0)
 
 pimloft_library(pimloft_platform_linux
     SOURCES
+        linux_host.cpp
+        x11/key_positions.h
         x11/point_space.cpp x11/point_space.h
+        x11/screen_lock.cpp x11/screen_lock.h
+        x11/x11_active_window.cpp x11/x11_active_window.h
+        x11/x11_compositor.cpp x11/x11_compositor.h
+        x11/x11_keyboard.cpp x11/x11_keyboard.h
+        x11/x11_keymap.cpp x11/x11_keymap.h
+        x11/x11_obstacle.cpp x11/x11_obstacle.h
+        x11/x11_raw_input.cpp x11/x11_raw_input.h
         x11/x11_session.cpp x11/x11_session.h
+        x11/x11_window_geometry.cpp x11/x11_window_geometry.h
+        x11/x11_window_info.cpp x11/x11_window_info.h
+        appearance/linux_appearance.cpp appearance/linux_appearance.h
+        appearance/xsettings.cpp appearance/xsettings.h
+        diagnosis/x11_diagnosis.cpp diagnosis/x11_diagnosis.h
+        dialogs/qt_dialogs.cpp dialogs/qt_dialogs.h
+        displays/monitor_list.cpp displays/monitor_list.h
+        displays/work_area.cpp displays/work_area.h
         displays/x11_displays.cpp displays/x11_displays.h
-    LINK pimloft_platform PkgConfig::XCB Qt6::Widgets Qt6::DBus Qt6::Network)
+        displays/x11_struts.cpp displays/x11_struts.h
+        events/x11_key_poster.cpp events/x11_key_poster.h
+        events/x11_mouse_watch.cpp events/x11_mouse_watch.h
+        hotkeys/x11_hotkeys.cpp hotkeys/x11_hotkeys.h
+        instance/instance_on_bus.cpp instance/instance_on_bus.h
+        instance/local_instance.cpp instance/local_instance.h
+        loginitem/xdg_login_item.cpp loginitem/xdg_login_item.h
+        panels/x11_overlay.cpp panels/x11_overlay.h
+        panels/x11_panel.cpp panels/x11_panel.h
+        panels/x11_panels.cpp panels/x11_panels.h
+        panels/x11_popup.cpp panels/x11_popup.h
+        preferences/json_preferences.cpp preferences/json_preferences.h
+        preferences/preferences_document.cpp preferences/preferences_document.h
+        windows/x11_placement.cpp windows/x11_placement.h
+        windows/x11_windows.cpp windows/x11_windows.h
+        workspace/default_programs.cpp workspace/default_programs.h
+        workspace/desktop_entries.cpp workspace/desktop_entries.h
+        workspace/help_topics.cpp workspace/help_topics.h
+        workspace/identity_table.cpp workspace/identity_table.h
+        workspace/process_info.cpp workspace/process_info.h
+        workspace/program_directory.cpp workspace/program_directory.h
+        workspace/program_traits.h
+        workspace/running_programs.cpp workspace/running_programs.h
+        workspace/window_icon.cpp workspace/window_icon.h
+        workspace/x11_clients.cpp workspace/x11_clients.h
+        workspace/x11_workspace.cpp workspace/x11_workspace.h
+    LINK pimloft_platform PkgConfig::XCB PkgConfig::GIO Qt6::Widgets Qt6::DBus Qt6::Network)

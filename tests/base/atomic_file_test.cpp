@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace pimloft {
@@ -52,11 +54,38 @@ TEST(AtomicFile, leavesNothingBesideTheFile) {
     EXPECT_EQ(QDir(root.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("file")});
 }
 
-TEST(AtomicFile, keepsTheOldContentWhenTheDiskIsFull) {
-    // /dev/full takes no byte: what stands beside it cannot be replaced by it.
-    const auto failure = writeAtomically(QStringLiteral("/dev/full/file"), "text");
-    EXPECT_TRUE(failure.has_value());
+/// No file of this process grows beyond `bytes` for as long as it lives: what is over is cut off, then
+/// refused, as on a full disk.
+class FullDisk {
+public:
+    explicit FullDisk(rlim_t bytes) {
+        signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit limit{bytes, before_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
+
+private:
+    rlimit before_{};
+};
+
+class AtomicFileOnAFullDisk : public testing::TestWithParam<int> {};
+
+TEST_P(AtomicFileOnAFullDisk, keepsTheOldContent) {
+    const QTemporaryDir root;
+    const QString path = root.filePath(QStringLiteral("file"));
+    ASSERT_EQ(writeAtomically(path, "old"), std::nullopt);
+    {
+        const FullDisk full(GetParam() / 2);
+        EXPECT_EQ(writeAtomically(path, QByteArray(GetParam(), 'x')), QStringLiteral("File too large"));
+    }
+    EXPECT_EQ(content(path), "old");
+    EXPECT_EQ(QDir(root.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("file")});
 }
+
+// Below and above what a file buffers.
+INSTANTIATE_TEST_SUITE_P(AtomicFile, AtomicFileOnAFullDisk, testing::Values(10, 10'000'000));
 
 TEST(AtomicFile, describesWhyAFileCannotBeReplaced) {
     const QTemporaryDir root;

@@ -9,8 +9,11 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
 #include <sys/prctl.h>
 #include <unistd.h>
+
+#include <xcb/xcb.h>
 
 namespace pimloft::test {
 
@@ -52,6 +55,37 @@ QByteArray firstLine(QProcess &process, const QString &name) {
         if (!process.waitForReadyRead(10000))
             fail(name + QStringLiteral(" does not come up"));
     return process.readLine().trimmed();
+}
+
+xcb_atom_t atom(xcb_connection_t *connection, const char *name) {
+    xcb_intern_atom_reply_t *reply = xcb_intern_atom_reply(
+        connection, xcb_intern_atom(connection, false, std::uint16_t(std::strlen(name)), name), nullptr);
+    const xcb_atom_t atom = reply->atom;
+    std::free(reply);
+    return atom;
+}
+
+/// Whether a window manager takes a new window into its care. One that announces itself may not listen yet.
+bool managesWindows() {
+    xcb_connection_t *connection = xcb_connect(nullptr, nullptr);
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+    const xcb_atom_t state = atom(connection, "WM_STATE");
+    const xcb_atom_t nudge = atom(connection, "PIMLOFT_TEST_NUDGE");
+    const xcb_window_t window = xcb_generate_id(connection);
+    xcb_create_window(connection, XCB_COPY_FROM_PARENT, window, root, 0, 0, 50, 50, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    xcb_map_window(connection, window);
+    const bool managed = waitUntil([&] {
+        // openbox overlooks what it was sent while it started until something else wakes it.
+        xcb_change_property(connection, XCB_PROP_MODE_REPLACE, root, nudge, XCB_ATOM_STRING, 8, 0, nullptr);
+        xcb_get_property_reply_t *reply = xcb_get_property_reply(
+            connection, xcb_get_property(connection, false, window, state, XCB_ATOM_ANY, 0, 1), nullptr);
+        const bool set = reply && reply->type == state;
+        std::free(reply);
+        return set;
+    });
+    xcb_disconnect(connection);
+    return managed;
 }
 
 }  // namespace
@@ -131,7 +165,7 @@ void DesktopSession::startWindowManager(const QString &name) {
                    {QStringLiteral("-root"), QStringLiteral("_NET_SUPPORTING_WM_CHECK")})
             .contains(QStringLiteral("window id"));
     });
-    if (!up)
+    if (!up || !managesWindows())
         fail(name + QStringLiteral(" does not manage the display"));
 }
 

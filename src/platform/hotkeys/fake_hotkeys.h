@@ -19,6 +19,8 @@ public:
 
     /// Another program owns this combination.
     void take(KeyCode key, CarbonModifiers modifiers) { taken_.insert({key, modifiers}); }
+    /// It lets the combination go.
+    void release(KeyCode key, CarbonModifiers modifiers) { taken_.erase({key, modifiers}); }
     void press(KeyCode key, CarbonModifiers modifiers);
 
 private:

@@ -17,15 +17,16 @@ class Instance {
 public:
     virtual ~Instance() = default;
 
-    /// Answers a command; the text goes to the asking process's standard output.
+    /// Answers a command; the text goes to the asking process's standard output. Called from the event loop.
     std::function<QString(InstanceCommand)> onCommand;
 };
 
-/// Becomes the running instance. Nothing when there is one already. `runtime` is the login's private folder.
-std::unique_ptr<Instance> claimInstance(const QString &runtime);
+/// Becomes the running instance of `login`, which a display names; a user can have several. Nothing when
+/// there is one already. `runtime` is the user's private folder for such things.
+std::unique_ptr<Instance> claimInstance(const QString &runtime, const QString &login);
 
 /// Asks the running instance and waits for its answer, at most 5 s. Nothing when none answers. Needs no
 /// QApplication, only a QCoreApplication.
-std::optional<QString> askInstance(const QString &runtime, InstanceCommand command);
+std::optional<QString> askInstance(const QString &runtime, const QString &login, InstanceCommand command);
 
 }  // namespace pimloft

@@ -18,7 +18,10 @@ void FakePreferences::set(const QString &key, const QVariant &value) {
     EXPECT_NE(std::find(storable.begin(), storable.end(), value.typeId()), storable.end())
         << "a preference of type " << value.typeName();
     stored[key] = value;
-    log_.line(QStringLiteral("set %1 = %2").arg(key, value.toStringList().join(QStringLiteral(", "))));
+    const QString text = value.typeId() == QMetaType::QStringList
+                             ? value.toStringList().join(QStringLiteral(", "))
+                             : value.toString();
+    log_.line(QStringLiteral("set %1 = %2").arg(key, text));
 }
 
 }  // namespace pimloft

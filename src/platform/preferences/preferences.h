@@ -21,7 +21,8 @@ public:
     /// Takes effect at once for every reader. When it cannot be stored it holds for this run.
     virtual void set(const QString &key, const QVariant &value) = 0;
 
-    /// Typed reads answer the type's empty value where there is none, or one of another type.
+    /// Typed reads convert between flags, numbers and texts, and answer the type's empty value where nothing
+    /// is stored or it cannot be converted.
     bool flag(const QString &key) const { return object(key).toBool(); }
     qint64 integer(const QString &key) const { return object(key).toLongLong(); }
     double number(const QString &key) const { return object(key).toDouble(); }

@@ -29,13 +29,19 @@ X11Session::X11Session() {
         std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(connection_), QSocketNotifier::Read);
     connect(notifier_.get(), &QSocketNotifier::activated, this, [this] { dispatch(true); });
     // Waiting for a reply also reads events, which then no longer wake the socket.
-    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
-            [this] { dispatch(false); });
+    const QAbstractEventDispatcher *dispatcher = QAbstractEventDispatcher::instance();
+    connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this, [this] { dispatch(false); });
+    connect(dispatcher, &QAbstractEventDispatcher::awake, this, [this] { dispatch(false); });
 }
 
 X11Session::~X11Session() {
     notifier_.reset();
     xcb_disconnect(connection_);
+}
+
+bool X11Session::hasExtension(xcb_extension_t *extension) {
+    const xcb_query_extension_reply_t *known = xcb_get_extension_data(connection_, extension);
+    return known && known->present;
 }
 
 xcb_atom_t X11Session::atom(const char *name) {
@@ -49,28 +55,46 @@ xcb_atom_t X11Session::atom(const char *name) {
     return atom;
 }
 
-XcbReply<xcb_get_property_reply_t> X11Session::property(xcb_window_t window, xcb_atom_t name) {
-    const auto cookie =
-        xcb_get_property(connection_, false, window, name, XCB_GET_PROPERTY_TYPE_ANY, 0, longestProperty);
-    return XcbReply<xcb_get_property_reply_t>(xcb_get_property_reply(connection_, cookie, nullptr));
+xcb_get_property_cookie_t X11Session::askProperty(xcb_window_t window, xcb_atom_t name) {
+    return xcb_get_property(connection_, false, window, name, XCB_GET_PROPERTY_TYPE_ANY, 0, longestProperty);
 }
 
-std::vector<std::uint32_t> X11Session::property32(xcb_window_t window, xcb_atom_t name) {
-    const auto reply = property(window, name);
+std::vector<std::uint32_t> X11Session::values32(xcb_get_property_cookie_t asked) {
+    const XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(connection_, asked, nullptr));
     if (!reply || reply->format != 32)
         return {};
     const auto *values = static_cast<const std::uint32_t *>(xcb_get_property_value(reply.get()));
     return {values, values + reply->value_len};
 }
 
+std::vector<std::uint32_t> X11Session::property32(xcb_window_t window, xcb_atom_t name) {
+    return values32(askProperty(window, name));
+}
+
 QByteArray X11Session::property8(xcb_window_t window, xcb_atom_t name) {
-    const auto reply = property(window, name);
+    const XcbReply<xcb_get_property_reply_t> reply(
+        xcb_get_property_reply(connection_, askProperty(window, name), nullptr));
     if (!reply || reply->format != 8)
         return {};
     return {static_cast<const char *>(xcb_get_property_value(reply.get())), qsizetype(reply->value_len)};
 }
 
+bool X11Session::exists(xcb_window_t window) {
+    const XcbReply<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
+        connection_, xcb_get_window_attributes(connection_, window), nullptr));
+    return reply != nullptr;
+}
+
+bool X11Session::isMapped(xcb_window_t window) {
+    const auto cookie = xcb_get_window_attributes(connection_, window);
+    const XcbReply<xcb_get_window_attributes_reply_t> reply(
+        xcb_get_window_attributes_reply(connection_, cookie, nullptr));
+    return reply && reply->map_state != XCB_MAP_STATE_UNMAPPED;
+}
+
 void X11Session::select(xcb_window_t window, std::uint32_t eventMask) {
+    // The window's end must be known: a later window may get the same id, and is then a new one to select.
+    eventMask |= XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     std::uint32_t &mask = masks_[window];
     if ((mask & eventMask) == eventMask)
         return;
@@ -103,14 +127,22 @@ std::unique_ptr<X11Session::Subscription> X11Session::subscribe(Handler handler)
     return std::make_unique<Subscription>(*this, key);
 }
 
+xcb_window_t X11Session::goneWindow(const xcb_generic_event_t &event) {
+    if (type(event) == XCB_DESTROY_NOTIFY)
+        return reinterpret_cast<const xcb_destroy_notify_event_t &>(event).window;
+    const bool isError = event.response_type == 0;
+    if (isError && reinterpret_cast<const xcb_generic_error_t &>(event).error_code == XCB_WINDOW)
+        return reinterpret_cast<const xcb_value_error_t &>(event).bad_value;
+    return XCB_NONE;
+}
+
 void X11Session::dispatch(bool readSocket) {
     const auto next = [&] {
         return XcbReply<xcb_generic_event_t>(readSocket ? xcb_poll_for_event(connection_)
                                                         : xcb_poll_for_queued_event(connection_));
     };
     while (const auto event = next()) {
-        if (type(*event) == XCB_DESTROY_NOTIFY)
-            masks_.erase(reinterpret_cast<const xcb_destroy_notify_event_t *>(event.get())->window);
+        masks_.erase(goneWindow(*event));
         // A handler may subscribe, or end any subscription, so the next one is looked up by its key.
         for (auto handler = handlers_.begin(); handler != handlers_.end();) {
             const std::uint32_t key = handler->first;

@@ -41,12 +41,23 @@ public:
     xcb_window_t root() const { return root_; }
     bool isConnected() const { return !xcb_connection_has_error(connection_); }
 
+    /// Requests of an extension that is missing would end the connection: ask before the first one.
+    bool hasExtension(xcb_extension_t *extension);
+
     /// Interned once.
     xcb_atom_t atom(const char *name);
+
+    /// Asks for a property without waiting, so that several travel together; `values32` waits for the answer.
+    xcb_get_property_cookie_t askProperty(xcb_window_t window, xcb_atom_t name);
+    std::vector<std::uint32_t> values32(xcb_get_property_cookie_t asked);
 
     /// A property's values in its own format (32 or 8 bits); empty when it or the window is missing.
     std::vector<std::uint32_t> property32(xcb_window_t window, xcb_atom_t name);
     QByteArray property8(xcb_window_t window, xcb_atom_t name);
+
+    bool exists(xcb_window_t window);
+    /// Whether a window exists and is shown, unless another one covers it.
+    bool isMapped(xcb_window_t window);
 
     /// Adds to the events that the server reports of a window. Nothing is ever taken away again, so that the
     /// services that share the connection do not end each other's events.
@@ -76,9 +87,12 @@ public:
     /// The type of an event without the mark of events that another client sent.
     static int type(const xcb_generic_event_t &event) { return event.response_type & 0x7f; }
 
+    /// The window that an event tells to be gone, or XCB_NONE. Where another program destroyed it before the
+    /// server saw it selected, that is told by an error.
+    static xcb_window_t goneWindow(const xcb_generic_event_t &event);
+
 private:
     void dispatch(bool readSocket);
-    XcbReply<xcb_get_property_reply_t> property(xcb_window_t window, xcb_atom_t name);
 
     xcb_connection_t *connection_;
     xcb_window_t root_ = XCB_NONE;

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+// Measures Pimloft against its budgets: pimloft_bench [--quick] [--samples FOLDER] [NAME...]
+#include "measures.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+#include <array>
+#include <cstdio>
+
+using namespace pimloft::bench;
+
+namespace {
+
+constexpr struct {
+    const char *name;
+    void (*measure)(Table &, Extent);
+} measures[] = {
+    {"start", measureStart},         {"rest", measureRest},   {"drag", measureDrag},
+    {"placement", measurePlacement}, {"rules", measureRules},
+};
+
+}  // namespace
+
+int main(int argc, char **argv) {
+    const QCoreApplication application(argc, argv);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Prints each figure beside its budget."));
+    parser.addHelpOption();
+    parser.addOption({QStringLiteral("quick"), QStringLiteral("Fewer samples, no minute-long waits.")});
+    parser.addOption({QStringLiteral("samples"), QStringLiteral("Where the samples are kept."),
+                      QStringLiteral("folder"), QStringLiteral("bench")});
+    parser.addPositionalArgument(QStringLiteral("name"),
+                                 QStringLiteral("start, rest, drag, placement, rules; all without one"),
+                                 QStringLiteral("[name...]"));
+    parser.process(application);
+    const QStringList wanted = parser.positionalArguments();
+    Table table(parser.value(QStringLiteral("samples")));
+    for (const auto &each : measures)
+        if (wanted.isEmpty() || wanted.contains(QLatin1String(each.name)))
+            each.measure(table, {.quick = parser.isSet(QStringLiteral("quick"))});
+}

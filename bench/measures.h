@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "table.h"
+
+/// What is measured, each in a desktop of its own. Main thread.
+namespace pimloft::bench {
+
+struct Extent {
+    bool quick = false;  ///< fewer samples, and no minute-long waits
+};
+
+/// From the start of the process until its tray icon is there and its last shortcut is live.
+void measureStart(Table &table, Extent extent);
+/// What it takes while nobody uses it, and a minute after all its windows were closed.
+void measureRest(Table &table, Extent extent);
+/// From the pointer to the overlay, and what a drag costs.
+void measureDrag(Table &table, Extent extent);
+/// From letting go of a window to its exact frame.
+void measurePlacement(Table &table, Extent extent);
+/// The rules that run at every pointer event.
+void measureRules(Table &table, Extent extent);
+
+}  // namespace pimloft::bench

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "process_figures.h"
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+namespace pimloft::bench {
+
+namespace {
+
+std::string folder(pid_t process) {
+    return "/proc/" + std::to_string(process);
+}
+
+/// The number behind a label such as "Rss:".
+double valueOf(const std::string &file, const std::string &label) {
+    std::ifstream stream(file);
+    double value = 0;
+    for (std::string word; stream >> word;)
+        if (word == label && stream >> value)
+            return value;
+    return 0;
+}
+
+}  // namespace
+
+Memory memoryOf(pid_t process) {
+    constexpr double kilobytes = 1024;
+    const std::string file = folder(process) + "/smaps_rollup";
+    return {valueOf(file, "Rss:") / kilobytes, valueOf(file, "Pss:") / kilobytes,
+            (valueOf(file, "Private_Clean:") + valueOf(file, "Private_Dirty:")) / kilobytes};
+}
+
+Activity activityOf(pid_t process) {
+    Activity activity = {0, 0};
+    std::error_code gone;
+    for (const auto &thread : std::filesystem::directory_iterator(folder(process) + "/task", gone)) {
+        double nanoseconds = 0;
+        std::ifstream(thread.path() / "schedstat") >> nanoseconds;
+        activity.cpuSeconds += nanoseconds / 1e9;
+        activity.wakeUps += valueOf((thread.path() / "status").string(), "voluntary_ctxt_switches:");
+    }
+    return activity;
+}
+
+}  // namespace pimloft::bench

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <sys/types.h>
+
+/// What the kernel knows of a process. Any thread; a process that is gone has zeros.
+namespace pimloft::bench {
+
+struct Memory {
+    double resident;      ///< MB, shared pages counted in full
+    double proportional;  ///< MB, shared pages divided among those who share them
+    double privately;     ///< MB, what ending the process would give back
+};
+Memory memoryOf(pid_t process);
+
+struct Activity {
+    double cpuSeconds;  ///< of all its threads
+    double wakeUps;     ///< how often a thread of it went to sleep by itself
+};
+Activity activityOf(pid_t process);
+
+}  // namespace pimloft::bench

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#include "stage.h"
+
+namespace pimloft::bench {
+
+using namespace test;
+
+Stage::Stage()
+    : session({.windowManager = QStringLiteral("openbox"), .serverArguments = {}}),
+      desktop(session.display()) {
+}
+
+Stage::~Stage() {
+    for (auto &client : clients_) {
+        client->kill();
+        client->waitForFinished();
+    }
+}
+
+bool Stage::shortcutsAreLive() const {
+    return desktop.isKeyTaken(KEY_6, XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_4);
+}
+
+Program &Stage::startPimloft() {
+    pimloft_ = std::make_unique<Program>(session);
+    if (!waitUntil([this] { return shortcutsAreLive(); }, 10000))
+        qFatal("Pimloft does not come up: %s", qPrintable(pimloft_->complaints()));
+    return *pimloft_;
+}
+
+xcb_window_t Stage::openWindow(const QString &program, const QStringList &arguments, const QString &title) {
+    clients_.push_back(session.start(program, arguments));
+    if (!waitUntil([&] { return desktop.window(title).has_value(); }, 10000))
+        qFatal("%s does not open its window", qPrintable(program));
+    const xcb_window_t window = *desktop.window(title);
+    desktop.activate(window);
+    waitUntil([&] { return desktop.activeWindow() == window; });
+    return window;
+}
+
+}  // namespace pimloft::bench

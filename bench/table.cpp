@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "table.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTextStream>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+namespace pimloft::bench {
+
+namespace {
+
+QString shortly(double value) {
+    return QString::number(value, 'f', value < 10 ? 2 : value < 100 ? 1 : 0);
+}
+
+}  // namespace
+
+double quantile(std::vector<double> samples, double share) {
+    if (samples.empty())
+        return std::nan("");
+    std::sort(samples.begin(), samples.end());
+    const auto rank = std::size_t(std::ceil(share * double(samples.size())));
+    return samples[std::clamp<std::size_t>(rank, 1, samples.size()) - 1];
+}
+
+Table::Table(const QString &folder) : folder_(folder) {
+    QDir().mkpath(folder_);
+    std::printf("%-58s %5s %9s %9s %9s %9s %6s\n", "", "unit", "budget", "median", "p99", "max", "n");
+}
+
+void Table::add(const Figure &figure) {
+    const double median = quantile(figure.samples, 0.5);
+    const char *verdict = !figure.budget ? "" : median <= *figure.budget ? "ok" : "OVER";
+    std::printf("%-58s %5s %9s %9s %9s %9s %6zu  %s\n", qPrintable(figure.name), qPrintable(figure.unit),
+                figure.budget ? qPrintable(shortly(*figure.budget)) : "-", qPrintable(shortly(median)),
+                qPrintable(shortly(quantile(figure.samples, 0.99))),
+                qPrintable(shortly(quantile(figure.samples, 1))), figure.samples.size(), verdict);
+    std::fflush(stdout);
+    keep(figure);
+}
+
+void Table::keep(const Figure &figure) const {
+    QString name = figure.name;
+    name.replace(QRegularExpression(QStringLiteral("[^A-Za-z0-9]+")), QStringLiteral("-"));
+    QFile file(folder_ + QLatin1Char('/') + name + QStringLiteral(".csv"));
+    if (!file.open(QIODevice::WriteOnly))
+        return;
+    QTextStream stream(&file);
+    stream << figure.name << " (" << figure.unit << ")\n";
+    for (const double sample : figure.samples)
+        stream << sample << '\n';
+}
+
+}  // namespace pimloft::bench

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <xcb/xcb.h>
+
+namespace pimloft::bench {
+
+/// The plainest possible tray: takes icons in and knows at once when one comes. One thread.
+class TrayHost {
+public:
+    explicit TrayHost(const QString &display);
+    ~TrayHost();
+    TrayHost(const TrayHost &) = delete;
+    TrayHost &operator=(const TrayHost &) = delete;
+
+    /// Whether an icon has asked for its place since `forgetIcon`.
+    bool hasIcon();
+    void forgetIcon();
+
+private:
+    xcb_atom_t atom(const char *name) const;
+    void takeIn(xcb_window_t icon);
+
+    xcb_connection_t *connection_;
+    xcb_window_t window_;
+    bool hasIcon_ = false;
+};
+
+}  // namespace pimloft::bench

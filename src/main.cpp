@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "app/app_delegate.h"
+#include "app/app_state.h"
+#include "app/bundle_info.h"
+#include "app/command_line.h"
+#include "app/doctor_report.h"
+#include "app/hotkey_manager.h"
+#include "app/process.h"
+#include "app/settings_manager.h"
+#include "base/console.h"
+#include "platform/instance/instance.h"
+#include "platform/signals/quit_signals.h"
+#include "ui/kit/theme.h"
+#include "ui/pimloft_app.h"
+#include "ui/quick_view_host.h"
+
+#include <QApplication>
+#include <QProcessEnvironment>
+
+#include <cstdio>
+
+namespace pimloft {
+
+namespace {
+
+int complain(const QString &line) {
+    std::fprintf(stderr, "%s\n", qPrintable(line));
+    return 2;
+}
+
+/// The words of the command line that mean the same to a running instance as they do here.
+InstanceCommand instanceCommand(CommandLine::Action action) {
+    switch (action) {
+    case CommandLine::Action::openSettings:
+        return InstanceCommand::openSettings;
+    case CommandLine::Action::quit:
+        return InstanceCommand::quit;
+    case CommandLine::Action::doctor:
+        return InstanceCommand::doctor;
+    default:
+        return InstanceCommand::openPopover;
+    }
+}
+
+QString doctorText() {
+    return doctorReport(doctorFindings(Process::current().platform().diagnosis, HotkeyManager::shared()));
+}
+
+/// The running program, from start-up to quit.
+int run(QApplication &application, Instance &instance, CommandLine::Action action) {
+    const SystemClock clock;
+    const Dirs dirs = Dirs::fromEnvironment(QProcessEnvironment::systemEnvironment());
+    const std::unique_ptr<Host> host = createHost(dirs);
+    Process process(host->platform(), clock, dirs);
+
+    QuickViewHost views(process.platform().displays, Theme::shared());
+    AppDelegate delegate(SettingsManager::shared(), views, &AppState::shared);
+    delegate.applicationDidFinishLaunching();
+    PimloftApp app(process, AppState::shared(), views);
+    instance.onCommand = [&](InstanceCommand command) -> QString {
+        switch (command) {
+        case InstanceCommand::openPopover:
+            app.openPopover();
+            return {};
+        case InstanceCommand::openSettings:
+            app.openSettings();
+            return {};
+        case InstanceCommand::quit:
+            QApplication::quit();
+            return {};
+        case InstanceCommand::doctor:
+            return doctorText();
+        }
+        return {};
+    };
+    const QuitSignals quitSignals([] { QApplication::quit(); });
+    if (action == CommandLine::Action::openSettings)
+        app.openSettings();
+
+    const int result = application.exec();
+    instance.onCommand = nullptr;
+    delegate.applicationWillTerminate();
+    return result;
+}
+
+/// What this desktop would grant, while no instance is running that could tell.
+int diagnose() {
+    const SystemClock clock;
+    const Dirs dirs = Dirs::fromEnvironment(QProcessEnvironment::systemEnvironment());
+    const std::unique_ptr<Host> host = createHost(dirs);
+    Process process(host->platform(), clock, dirs);
+    AppState::shared().activateEnabledModules();
+    printLine(doctorText());
+    AppState::shared().deactivateModules();
+    return 0;
+}
+
+int start(int argc, char **argv, CommandLine::Action action) {
+    if (const auto reason = prepareDesktop())
+        return complain(*reason);
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("pimloft"));
+    QApplication::setApplicationVersion(appVersion());
+    QApplication::setDesktopFileName(QStringLiteral("pimloft"));
+
+    const QString runtime = Dirs::fromEnvironment(QProcessEnvironment::systemEnvironment()).runtime;
+    const QString login = qEnvironmentVariable("DISPLAY");
+    const std::unique_ptr<Instance> instance = claimInstance(runtime, login);
+    if (!instance) {
+        const auto answer = askInstance(runtime, login, instanceCommand(action));
+        if (!answer)
+            return complain(QStringLiteral("Pimloft is running but does not answer."));
+        if (!answer->isEmpty())
+            printLine(*answer);
+        return 0;
+    }
+    if (action == CommandLine::Action::quit)
+        return complain(QStringLiteral("Pimloft is not running."));
+    return action == CommandLine::Action::doctor ? diagnose() : run(application, *instance, action);
+}
+
+} // namespace
+
+} // namespace pimloft
+
+int main(int argc, char **argv) {
+    using namespace pimloft;
+    QStringList words;
+    for (int index = 1; index < argc; ++index)
+        words << QString::fromLocal8Bit(argv[index]);
+    const CommandLine commandLine = CommandLine::parse(words);
+    switch (commandLine.action) {
+    case CommandLine::Action::showVersion:
+        printLine(QStringLiteral("Pimloft %1 (%2)").arg(appVersion(), buildNumber()));
+        return 0;
+    case CommandLine::Action::showHelp:
+        printLine(CommandLine::help());
+        return 0;
+    case CommandLine::Action::refuse:
+        return complain(QStringLiteral("pimloft: \"%1\" means nothing here; try --help").arg(commandLine.unknown));
+    default:
+        return start(argc, argv, commandLine.action);
+    }
+}

@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+#include "platform/diagnosis/x11_diagnosis.h"
+
+#include "platform/x11/x11_obstacle.h"
+
+#include <QCoreApplication>
+#include <QDBusMessage>
+
+#include <xcb/xinput.h>
+#include <xcb/xtest.h>
+
+#include <cstring>
+
+namespace pimloft {
+
+namespace {
+
+QString tr(const char *text) {
+    return QCoreApplication::translate("Diagnosis", text);
+}
+
+/// "2.4", or an empty text where the extension is missing.
+QString xinputVersion(X11Session &session) {
+    if (!session.hasExtension(&xcb_input_id))
+        return {};
+    constexpr const char *name = "XInputExtension";
+    const auto cookie =
+        xcb_input_get_extension_version(session.connection(), std::uint16_t(std::strlen(name)), name);
+    const XcbReply<xcb_input_get_extension_version_reply_t> reply(
+        xcb_input_get_extension_version_reply(session.connection(), cookie, nullptr));
+    return reply ? QStringLiteral("%1.%2").arg(reply->server_major).arg(reply->server_minor) : QString();
+}
+
+xcb_window_t selectionOwner(X11Session &session, const char *selection) {
+    const auto cookie = xcb_get_selection_owner(session.connection(), session.atom(selection));
+    const XcbReply<xcb_get_selection_owner_reply_t> reply(
+        xcb_get_selection_owner_reply(session.connection(), cookie, nullptr));
+    return reply ? reply->owner : xcb_window_t(XCB_NONE);
+}
+
+/// A bus that does not answer counts as one without the name.
+bool hasOwner(const QDBusConnection &bus, const QString &name) {
+    if (!bus.isConnected())
+        return false;
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
+    constexpr int milliseconds = 500;
+    const QDBusMessage answer = bus.call(call << name, QDBus::Block, milliseconds);
+    return answer.type() == QDBusMessage::ReplyMessage && answer.arguments().value(0).toBool();
+}
+
+}  // namespace
+
+X11Diagnosis::X11Diagnosis(X11Session &session, QString sessionType, QDBusConnection bus)
+    : session_(session), sessionType_(std::move(sessionType)), bus_(std::move(bus)) {
+}
+
+std::vector<Finding> X11Diagnosis::findings() {
+    if (findObstacle(session_, sessionType_) == X11Obstacle::noServer)
+        return {{tr("Session"), false, tr("There is no X server that Pimloft could talk to.")}};
+    return {desktopSession(), mouseEvents(), keyEvents(), windowManager(), compositor(), tray()};
+}
+
+Finding X11Diagnosis::desktopSession() const {
+    if (findObstacle(session_, sessionType_) != X11Obstacle::wayland)
+        return {tr("Session"), true, tr("X11")};
+    return {tr("Session"), false,
+            tr("Wayland, where a program cannot reach other programs' windows and keys. "
+               "Choose an X11 session when you log in.")};
+}
+
+Finding X11Diagnosis::mouseEvents() {
+    const QString subject = tr("Mouse events");
+    switch (findObstacle(session_, sessionType_)) {
+    case X11Obstacle::wayland:
+        return {subject, false, tr("Out of reach under Wayland: dragging a window does not snap it.")};
+    case X11Obstacle::noXInput:
+        return {subject, false,
+                tr("The X server does not offer XInput 2.2: dragging a window does not snap it.")};
+    default:
+        return {subject, true, tr("XInput %1").arg(xinputVersion(session_))};
+    }
+}
+
+Finding X11Diagnosis::keyEvents() {
+    const QString subject = tr("Key events");
+    switch (findObstacle(session_, sessionType_)) {
+    case X11Obstacle::wayland:
+        return {subject, false, tr("Out of reach under Wayland: shortcuts and key mappings do nothing.")};
+    case X11Obstacle::noXInput:
+        return {subject, false, tr("The X server does not offer XInput 2.2: key mappings do nothing.")};
+    case X11Obstacle::noXTest:
+        return {subject, false,
+                tr("The X server does not offer XTEST: shortcuts and key mappings do nothing.")};
+    default:
+        return {subject, true, tr("XInput %1 and XTEST").arg(xinputVersion(session_))};
+    }
+}
+
+Finding X11Diagnosis::windowManager() {
+    const QString subject = tr("Window manager");
+    const xcb_atom_t check = session_.atom("_NET_SUPPORTING_WM_CHECK");
+    const auto named = session_.property32(session_.root(), check);
+    // A window manager that was killed leaves its properties on the root, but not this window.
+    if (named.empty() || session_.property32(named.front(), check) != named)
+        return {subject, false, tr("None is running, so there is no window to place.")};
+    const QString name = QString::fromUtf8(session_.property8(named.front(), session_.atom("_NET_WM_NAME")));
+    return {subject, true, name.isEmpty() ? tr("Running, without a name") : name};
+}
+
+Finding X11Diagnosis::compositor() {
+    const QString subject = tr("Compositor");
+    if (selectionOwner(session_, "_NET_WM_CM_S0") == XCB_NONE)
+        return {subject, false, tr("None is running: the snap preview is an outline, and nothing fades.")};
+    return {subject, true, tr("Running")};
+}
+
+Finding X11Diagnosis::tray() {
+    const QString subject = tr("Tray");
+    if (hasOwner(bus_, QStringLiteral("org.kde.StatusNotifierWatcher")))
+        return {subject, true, tr("StatusNotifierItem")};
+    if (selectionOwner(session_, "_NET_SYSTEM_TRAY_S0") != XCB_NONE)
+        return {subject, true, tr("System tray")};
+    return {subject, false, tr("None is running. To open Pimloft's panel, start Pimloft once more.")};
+}
+
+}  // namespace pimloft

@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: MIT
+#include "platform/instance/local_instance.h"
+
+#include "base/atomic_file.h"
+#include "platform/instance/instance_on_bus.h"
+
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QLocalSocket>
+#include <QRegularExpression>
+#include <QThread>
+#include <QTimer>
+
+#include <array>
+#include <chrono>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace pimloft {
+
+namespace {
+
+constexpr std::chrono::seconds patience{5};
+constexpr qint64 longestRequest = 64;
+constexpr int mostClients = 16;
+
+struct CommandName {
+    InstanceCommand command;
+    const char *name;
+};
+constexpr std::array commandNames{
+    CommandName{InstanceCommand::openPopover, "open-popover"},
+    CommandName{InstanceCommand::openSettings, "open-settings"},
+    CommandName{InstanceCommand::quit, "quit"},
+    CommandName{InstanceCommand::doctor, "doctor"},
+};
+
+std::optional<InstanceCommand> commandNamed(const QByteArray &name) {
+    for (const CommandName &each : commandNames)
+        if (name == each.name)
+            return each.command;
+    return std::nullopt;
+}
+
+QByteArray nameOf(InstanceCommand command) {
+    for (const CommandName &each : commandNames)
+        if (command == each.command)
+            return each.name;
+    return {};
+}
+
+/// A descriptor that holds the lock; nothing when another process does. -1 where no lock can be made: the
+/// program runs all the same. The kernel ends a lock with its process, so that none is ever left behind.
+std::optional<int> takeLock(const QString &path) {
+    const int descriptor =
+        open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+    if (descriptor < 0 || flock(descriptor, LOCK_EX | LOCK_NB) == 0)
+        return descriptor;
+    close(descriptor);
+    return std::nullopt;
+}
+
+bool isLocked(const QString &path) {
+    const int descriptor = open(QFile::encodeName(path).constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
+    if (descriptor < 0)
+        return false;
+    const bool isFree = flock(descriptor, LOCK_EX | LOCK_NB) == 0;
+    close(descriptor);
+    return !isFree;
+}
+
+/// Two programs may start at once: the one that has the lock may not listen yet.
+bool connectTo(QLocalSocket &socket, const InstancePaths &paths, const QDeadlineTimer &deadline) {
+    while (isLocked(paths.lock) && !deadline.hasExpired()) {
+        socket.connectToServer(paths.socket);
+        if (socket.waitForConnected(int(deadline.remainingTime())))
+            return true;
+        QThread::msleep(20);
+    }
+    return false;
+}
+
+}  // namespace
+
+InstancePaths::InstancePaths(const QString &runtime, const QString &login) {
+    // ":0" and its screen ":0.0" are one login. What is no part of a file's name is replaced.
+    static const QRegularExpression screen(QStringLiteral("(:\\d+)\\.\\d+$"));
+    static const QRegularExpression odd(QStringLiteral("[^A-Za-z0-9._-]"));
+    const QString name =
+        QString(login).replace(screen, QStringLiteral("\\1")).replace(odd, QStringLiteral("_"));
+    const QString base = runtime + QStringLiteral("/pimloft") + name;
+    lock = base + QStringLiteral(".lock");
+    socket = base + QStringLiteral(".socket");
+}
+
+std::unique_ptr<LocalInstance> LocalInstance::claim(const QString &runtime, const QString &login) {
+    const InstancePaths paths(runtime, login);
+    makePrivateFolder(runtime);
+    const auto lock = takeLock(paths.lock);
+    return lock ? std::unique_ptr<LocalInstance>(new LocalInstance(*lock, paths)) : nullptr;
+}
+
+LocalInstance::LocalInstance(int lock, const InstancePaths &paths) : lock_(lock) {
+    connect(&server_, &QLocalServer::newConnection, this, &LocalInstance::acceptClients);
+    server_.setSocketOptions(QLocalServer::UserAccessOption);
+    // The lock is ours: a socket that is there was left by a process that was killed.
+    QLocalServer::removeServer(paths.socket);
+    server_.listen(paths.socket);
+}
+
+LocalInstance::~LocalInstance() {
+    server_.close();
+    if (lock_ >= 0)
+        close(lock_);
+}
+
+void LocalInstance::publish(const QDBusConnection &bus) {
+    onBus_ = std::make_unique<InstanceOnBus>(*this, bus);
+}
+
+void LocalInstance::acceptClients() {
+    while (QLocalSocket *socket = server_.nextPendingConnection()) {
+        if (clients_ >= mostClients) {
+            delete socket;
+            continue;
+        }
+        ++clients_;
+        connect(socket, &QObject::destroyed, this, [this] { --clients_; });
+        connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+        connect(socket, &QLocalSocket::readyRead, this, [this, socket] { readRequest(socket); });
+        socket->setReadBufferSize(longestRequest);
+        QTimer::singleShot(patience, socket, [socket] { socket->abort(); });
+        readRequest(socket);
+    }
+}
+
+void LocalInstance::readRequest(QLocalSocket *socket) {
+    if (!socket->canReadLine()) {
+        if (socket->bytesAvailable() >= longestRequest)
+            socket->abort();
+        return;
+    }
+    const auto command = commandNamed(socket->readLine().chopped(1));
+    disconnect(socket, &QLocalSocket::readyRead, this, nullptr);
+    if (!command)
+        return socket->abort();
+    QMetaObject::invokeMethod(
+        socket, [this, socket, command] { answer(socket, *command); }, Qt::QueuedConnection);
+}
+
+void LocalInstance::answer(QLocalSocket *socket, InstanceCommand command) {
+    if (!onCommand)
+        return socket->abort();
+    socket->write(onCommand(command).toUtf8().replace('\0', ' ') + '\0');
+    // At once: the command may end the event loop.
+    socket->flush();
+    socket->disconnectFromServer();
+}
+
+std::unique_ptr<Instance> claimInstance(const QString &runtime, const QString &login) {
+    auto instance = LocalInstance::claim(runtime, login);
+    if (instance)
+        QMetaObject::invokeMethod(
+            instance.get(), [self = instance.get()] { self->publish(QDBusConnection::sessionBus()); },
+            Qt::QueuedConnection);
+    return instance;
+}
+
+std::optional<QString> askInstance(const QString &runtime, const QString &login, InstanceCommand command) {
+    const QDeadlineTimer deadline(patience);
+    QLocalSocket socket;
+    if (!connectTo(socket, InstancePaths(runtime, login), deadline))
+        return std::nullopt;
+    socket.write(nameOf(command) + '\n');
+    QByteArray text;
+    while (!text.endsWith('\0')) {
+        const bool isReady =
+            socket.bytesAvailable() || socket.waitForReadyRead(int(deadline.remainingTime()));
+        if (!isReady || deadline.hasExpired())
+            return std::nullopt;
+        text += socket.readAll();
+    }
+    return QString::fromUtf8(text.chopped(1));
+}
+
+}  // namespace pimloft

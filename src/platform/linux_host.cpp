@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "base/dirs.h"
+#include "platform/appearance/linux_appearance.h"
+#include "platform/diagnosis/x11_diagnosis.h"
+#include "platform/dialogs/qt_dialogs.h"
+#include "platform/displays/x11_displays.h"
+#include "platform/events/x11_key_poster.h"
+#include "platform/events/x11_mouse_watch.h"
+#include "platform/hotkeys/x11_hotkeys.h"
+#include "platform/loginitem/xdg_login_item.h"
+#include "platform/panels/x11_panels.h"
+#include "platform/platform.h"
+#include "platform/preferences/json_preferences.h"
+#include "platform/windows/x11_windows.h"
+#include "platform/workspace/x11_workspace.h"
+#include "platform/x11/x11_active_window.h"
+#include "platform/x11/x11_compositor.h"
+#include "platform/x11/x11_keyboard.h"
+#include "platform/x11/x11_raw_input.h"
+#include "platform/x11/x11_session.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace pimloft {
+
+namespace {
+
+/// Native pixels per point: one factor for the whole login, the one by which Qt scales the primary screen.
+double scaleOfLogin() {
+    const QScreen *primary = QGuiApplication::primaryScreen();
+    return primary ? primary->devicePixelRatio() : 1;
+}
+
+/// Every Linux service on one connection to the X server. Members are made in the order in which they stand.
+class LinuxHost final : public Host {
+public:
+    explicit LinuxHost(const Dirs &dirs)
+        : preferences_(dirs.preferences),
+          loginItem_(dirs.autostart, QCoreApplication::applicationFilePath()),
+          displays_(session_, scaleOfLogin()), appearance_(session_, bus_),
+          diagnosis_(session_, sessionType_, bus_), windows_(session_, displays_, sessionType_),
+          mouse_(input_, displays_), hotkeys_(session_, keyboard_, input_),
+          workspace_(session_, activeWindow_, dirs.help, bus_),
+          panels_({.displays = displays_,
+                   .keyboard = keyboard_,
+                   .hotkeys = hotkeys_,
+                   .input = input_,
+                   .activeWindow = activeWindow_,
+                   .compositor = compositor_}),
+          keys_(
+              keyboard_, [this] { panels_.endTyping(); }, [this] { return workspace_.frontmostChord(); }) {}
+
+    Platform platform() override {
+        return {.appearance = appearance_,
+                .diagnosis = diagnosis_,
+                .dialogs = dialogs_,
+                .displays = displays_,
+                .hotkeys = hotkeys_,
+                .keys = keys_,
+                .loginItem = loginItem_,
+                .mouse = mouse_,
+                .panels = panels_,
+                .preferences = preferences_,
+                .windows = windows_,
+                .workspace = workspace_};
+    }
+
+private:
+    const QString sessionType_ = qEnvironmentVariable("XDG_SESSION_TYPE");
+    const QDBusConnection bus_ = QDBusConnection::sessionBus();
+    X11Session session_;
+    X11RawInput input_{session_};
+    X11Keyboard keyboard_{session_, input_};
+    X11ActiveWindow activeWindow_{session_};
+    X11Compositor compositor_{session_};
+
+    JsonPreferences preferences_;
+    XdgLoginItem loginItem_;
+    QtDialogs dialogs_;
+    X11Displays displays_;
+    LinuxAppearance appearance_;
+    X11Diagnosis diagnosis_;
+    X11Windows windows_;
+    X11MouseWatch mouse_;
+    X11Hotkeys hotkeys_;
+    X11Workspace workspace_;
+    X11Panels panels_;
+    X11KeyPoster keys_;
+};
+
+} // namespace
+
+std::optional<QString> prepareDesktop() {
+    // On a Wayland desktop the program talks to its X server: the native one lets nobody place windows.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "xcb");
+    xcb_connection_t *connection = xcb_connect(nullptr, nullptr);
+    const bool connected = !xcb_connection_has_error(connection);
+    xcb_disconnect(connection);
+    if (connected)
+        return std::nullopt;
+    const QString display = qEnvironmentVariable("DISPLAY");
+    return display.isEmpty() ? QStringLiteral("pimloft: there is no X display; start it within a desktop session")
+                             : QStringLiteral("pimloft: the X display %1 does not answer").arg(display);
+}
+
+std::unique_ptr<Host> createHost(const Dirs &dirs) { return std::make_unique<LinuxHost>(dirs); }
+
+} // namespace pimloft

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/panels/x11_panel.h"
+#include "platform/x11/x11_raw_input.h"
+
+#include <QAbstractNativeEventFilter>
+#include <QTimer>
+
+namespace pimloft {
+
+/// A panel that is typed into while another program's window stays the active one: it holds the keyboard by a
+/// grab. Main thread.
+class X11Popup final : public X11Panel, private QAbstractNativeEventFilter {
+public:
+    X11Popup(X11Panels &panels, std::unique_ptr<QWindow> content);
+    ~X11Popup() override;
+
+    bool show(const QRectF &frame) override;
+    void releaseTyping() override;
+    void orderOut() override;
+    PanelKind kind() const override { return PanelKind::popup; }
+
+    /// Something else than its owner ends its typing.
+    void loseTyping(Dismissal reason);
+
+private:
+    void applyShape() override;
+    bool takeKeyboard();
+    void endWatches();
+    void dismiss(Dismissal reason);
+    void handlePress(std::uint32_t button);
+    bool isOurs(xcb_window_t toplevel);
+    bool nativeEventFilter(const QByteArray &type, void *message, qintptr *result) override;
+    bool eventFilter(QObject *content, QEvent *event) override;
+
+    std::unique_ptr<X11RawInput::Watch> presses_;
+    QTimer idle_;
+    xcb_window_t activeWindow_ = XCB_NONE;  ///< when it was shown
+    std::uint32_t grabbed_ = 0;             ///< the number of a request after the grab's
+    bool typing_ = false;
+    bool takesClicks_ = true;
+    bool isCut_ = false;
+    bool dismissed_ = false;
+    unsigned shows_ = 0;
+};
+
+}  // namespace pimloft

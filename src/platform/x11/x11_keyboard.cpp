@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: MIT
+#include "platform/x11/x11_keyboard.h"
+
+#include <xcb/xinput.h>
+// A member of a structure in it is named as this keyword.
+#define explicit explicit_
+#include <xcb/xkb.h>
+#undef explicit
+#include <xcb/xtest.h>
+
+#include <algorithm>
+
+namespace pimloft {
+
+namespace {
+
+template <typename Bits>
+void add(std::bitset<256> &keys, const Bits &bits) {
+    for (std::size_t key = 0; key < keys.size(); ++key)
+        if (bits[key / 8] & (1 << (key % 8)))
+            keys.set(key);
+}
+
+}  // namespace
+
+X11Keyboard::X11Keyboard(X11Session &session, X11RawInput &input)
+    : session_(session), map_(X11Keymap::read(session.connection())),
+      canType_(session.hasExtension(&xcb_test_id)), canWatch_(input.isSupported()),
+      releases_(input.watch(
+          [this](const X11RawInput::Event &event) { handleRelease(xcb_keycode_t(event.detail)); })),
+      events_(session.subscribe([this](const xcb_generic_event_t &event) { handle(event); })) {
+    if (!session.hasExtension(&xcb_xkb_id))
+        return;
+    xcb_connection_t *connection = session.connection();
+    xkbEvent_ = xcb_get_extension_data(connection, &xcb_xkb_id)->first_event;
+    constexpr std::uint16_t keyboardEvents =
+        XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY | XCB_XKB_EVENT_TYPE_MAP_NOTIFY;
+    constexpr std::uint16_t everyPart = 0xff;
+    xcb_xkb_select_events(connection, XCB_XKB_ID_USE_CORE_KBD, keyboardEvents, 0, keyboardEvents, everyPart,
+                          everyPart, nullptr);
+    // A held key presses again and again, but is released once.
+    xcb_xkb_per_client_flags(connection, XCB_XKB_ID_USE_CORE_KBD,
+                             XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT,
+                             XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT, 0, 0, 0);
+    xcb_flush(connection);
+}
+
+X11Keyboard::~X11Keyboard() {
+    for (const xcb_keycode_t key : restored_)
+        fake(key, false);
+    if (!restored_.empty())
+        session_.roundTrip();
+}
+
+bool X11Keyboard::canPost() const {
+    return canType_ && canWatch_;
+}
+
+void X11Keyboard::handle(const xcb_generic_event_t &event) {
+    const bool concernsMap =
+        X11Session::type(event) == XCB_MAPPING_NOTIFY || (xkbEvent_ && X11Session::type(event) == xkbEvent_);
+    if (!concernsMap || std::exchange(readIsDue_, true))
+        return;
+    // Changes come in swarms: one for each part of the map.
+    QMetaObject::invokeMethod(this, &X11Keyboard::readMap, Qt::QueuedConnection);
+}
+
+void X11Keyboard::readMap() {
+    readIsDue_ = false;
+    X11Keymap map = X11Keymap::read(session_.connection());
+    if (map == map_)
+        return;
+    map_ = std::move(map);
+    emit mapChanged();
+}
+
+X11Keyboard::Keys X11Keyboard::heldKeys() const {
+    Keys held;
+    if (!canWatch_)
+        return held;
+    xcb_connection_t *connection = session_.connection();
+    const XcbReply<xcb_input_xi_query_device_reply_t> devices(xcb_input_xi_query_device_reply(
+        connection, xcb_input_xi_query_device(connection, XCB_INPUT_DEVICE_ALL), nullptr));
+    if (!devices)
+        return held;
+    struct Query {
+        xcb_input_xi_get_property_cookie_t programs;
+        xcb_input_query_device_state_cookie_t state;
+    };
+    std::vector<Query> queries;
+    for (auto device = xcb_input_xi_query_device_infos_iterator(devices.get()); device.rem;
+         xcb_input_xi_device_info_next(&device)) {
+        // A keyboard that a key tap holds floats.
+        if (device.data->type != XCB_INPUT_DEVICE_TYPE_SLAVE_KEYBOARD &&
+            device.data->type != XCB_INPUT_DEVICE_TYPE_FLOATING_SLAVE)
+            continue;
+        queries.push_back({xcb_input_xi_get_property(connection, device.data->deviceid, false,
+                                                     session_.atom("XTEST Device"), XCB_ATOM_INTEGER, 0, 1),
+                           xcb_input_query_device_state(connection, std::uint8_t(device.data->deviceid))});
+    }
+    for (const Query &query : queries) {
+        const XcbReply<xcb_input_xi_get_property_reply_t> programs(
+            xcb_input_xi_get_property_reply(connection, query.programs, nullptr));
+        const XcbReply<xcb_input_query_device_state_reply_t> state(
+            xcb_input_query_device_state_reply(connection, query.state, nullptr));
+        if (!state || (programs && programs->num_items > 0))
+            continue;
+        for (auto part = xcb_input_query_device_state_classes_iterator(state.get()); part.rem;
+             xcb_input_input_state_next(&part)) {
+            xcb_input_input_state_data_t data{};
+            xcb_input_input_state_data_unpack(xcb_input_input_state_data(part.data), part.data->class_id,
+                                              &data);
+            if (part.data->class_id == XCB_INPUT_INPUT_CLASS_KEY)
+                add(held, data.key.keys);
+        }
+    }
+    return held;
+}
+
+X11Keyboard::Keys X11Keyboard::keysDown() const {
+    Keys down;
+    const XcbReply<xcb_query_keymap_reply_t> reply(
+        xcb_query_keymap_reply(session_.connection(), xcb_query_keymap(session_.connection()), nullptr));
+    if (reply)
+        add(down, reply->keys);
+    return down;
+}
+
+void X11Keyboard::fake(xcb_keycode_t key, bool down) {
+    xcb_test_fake_input(session_.connection(), down ? XCB_KEY_PRESS : XCB_KEY_RELEASE, key, XCB_CURRENT_TIME,
+                        session_.root(), 0, 0, 0);
+}
+
+void X11Keyboard::post(xcb_keycode_t key, KeyFlags modifiers) {
+    if (!canPost() || !key)
+        return;
+    const Keys down = keysDown();
+    std::vector<xcb_keycode_t> letGo;
+    for (const xcb_keycode_t modifier : map_.modifierKeys())
+        if (down.test(modifier) && std::find(letGo.begin(), letGo.end(), modifier) == letGo.end())
+            letGo.push_back(modifier);
+    // Those that were pressed in the user's place may be down on that device alone.
+    for (const xcb_keycode_t modifier : restored_)
+        fake(modifier, false);
+    restored_.clear();
+    for (const xcb_keycode_t modifier : letGo)
+        fake(modifier, false);
+    // A key that is down cannot be pressed.
+    if (down.test(key))
+        fake(key, false);
+
+    const std::vector<xcb_keycode_t> wanted = map_.keysFor(modifiers);
+    for (const xcb_keycode_t modifier : wanted)
+        fake(modifier, true);
+    fake(key, true);
+    fake(key, false);
+    for (auto modifier = wanted.rbegin(); modifier != wanted.rend(); ++modifier)
+        fake(*modifier, false);
+    restore(letGo);
+    session_.roundTrip();
+}
+
+void X11Keyboard::restore(const std::vector<xcb_keycode_t> &keys) {
+    // From here on a release by the user is heard of, so that none can pass between asking and pressing.
+    releases_->want(X11RawInput::keyRelease);
+    const Keys held = heldKeys();
+    for (const xcb_keycode_t key : keys)
+        if (held.test(key)) {
+            fake(key, true);
+            restored_.insert(key);
+        }
+    if (restored_.empty())
+        releases_->want(0);
+}
+
+void X11Keyboard::handleRelease(xcb_keycode_t key) {
+    // The user's release ends the key for the programs, but not on the device that programs press keys on.
+    if (!restored_.contains(key) || isHeld(key))
+        return;
+    fake(key, false);
+    xcb_flush(session_.connection());
+    restored_.erase(key);
+    if (restored_.empty())
+        releases_->want(0);
+}
+
+xcb_keycode_t X11Keyboard::keycodeInCurrentLayout(KeyCode key) const {
+    int group = 0;
+    if (xkbEvent_) {
+        xcb_connection_t *connection = session_.connection();
+        const XcbReply<xcb_xkb_get_state_reply_t> state(xcb_xkb_get_state_reply(
+            connection, xcb_xkb_get_state(connection, XCB_XKB_ID_USE_CORE_KBD), nullptr));
+        group = state ? state->group : 0;
+    }
+    return map_.letterKeycode(key, group);
+}
+
+void X11Keyboard::endHotkeyGrab() {
+    xcb_ungrab_keyboard(session_.connection(), XCB_CURRENT_TIME);
+    session_.roundTrip();
+    emit hotkeyGrabEnded();
+}
+
+}  // namespace pimloft

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/support/desktop_test.h"
+
+#include <QDir>
+
+#include <csignal>
+
+namespace pimloft::test {
+
+namespace {
+
+/// The last of the shortcuts that the program asks for.
+constexpr int lastShortcut = KEY_6;
+
+}  // namespace
+
+QRect part(const QRect &area, double x, double y, double width, double height) {
+    const int left = qRound(area.x() + x * area.width());
+    const int top = qRound(area.y() + y * area.height());
+    const int right = qRound(area.x() + (x + width) * area.width());
+    const int bottom = qRound(area.y() + (y + height) * area.height());
+    return {left, top, right - left, bottom - top};
+}
+
+DesktopTest::~DesktopTest() {
+    for (auto &client : clients_) {
+        client->kill();
+        client->waitForFinished();
+    }
+}
+
+void DesktopTest::TearDown() {
+    if (HasFailure() && desktop_) {
+        const testing::TestInfo *test = testing::UnitTest::GetInstance()->current_test_info();
+        picture(QStringLiteral("failed-%1-%2")
+                    .arg(QLatin1String(test->test_suite_name()), QLatin1String(test->name()))
+                    .replace(QLatin1Char('/'), QLatin1Char('.')));
+    }
+    for (const auto &program : programs_) {
+        if (program->isRunning()) {
+            program->signal(SIGTERM);
+            EXPECT_EQ(program->waitForEnd(), 0);
+        }
+        EXPECT_EQ(program->complaints().toStdString(), "");
+    }
+}
+
+void DesktopTest::openDesktop(const QString &windowManager, const QStringList &serverArguments) {
+    windowManager_ = windowManager;
+    session_ = std::make_unique<DesktopSession>(
+        DesktopSession::Options{.windowManager = windowManager, .serverArguments = serverArguments});
+    desktop_ = std::make_unique<XDesktop>(session_->display());
+}
+
+PhysicalInput &DesktopTest::hands() {
+    if (!hands_)
+        hands_ = std::make_unique<PhysicalInput>();
+    return *hands_;
+}
+
+Program &DesktopTest::startPimloft(const Variables &variables) {
+    programs_.push_back(std::make_unique<Program>(session(), QStringList(), variables));
+    EXPECT_TRUE(waitUntil([this] { return desktop().isKeyTaken(lastShortcut, controlSuper); }, 10000))
+        << "its shortcuts do not come up";
+    return pimloft();
+}
+
+Program &DesktopTest::startUntrustedPimloft() {
+    programs_.push_back(std::make_unique<Program>(session()));
+    EXPECT_TRUE(waitUntil([this] { return pimloft().isReachable(); }, 10000) && pimloft().answers())
+        << "it does not come up";
+    return pimloft();
+}
+
+xcb_window_t DesktopTest::openWindow(Client client, const QString &title, const QRect &frame,
+                                     const QStringList &arguments) {
+    switch (client) {
+    case Client::xterm:
+        clients_.push_back(session().start(QStringLiteral("xterm"),
+                                           QStringList{QStringLiteral("-T"), title, QStringLiteral("-fa"),
+                                                       QStringLiteral("DejaVu Sans Mono")} +
+                                               arguments +
+                                               QStringList{QStringLiteral("-e"), QStringLiteral("cat")}));
+        break;
+    case Client::gtk:
+        clients_.push_back(
+            session().start(QStringLiteral(CLIENTS "/gtk_client"), QStringList{title} + arguments));
+        break;
+    case Client::qt:
+        clients_.push_back(
+            session().start(QStringLiteral(CLIENTS "/qt_client"), QStringList{title} + arguments));
+        break;
+    }
+    const bool opened = waitUntil([&] { return desktop().window(title).has_value(); }, 10000);
+    EXPECT_TRUE(opened) << qPrintable(title) << " does not open its window";
+    if (!opened)
+        return XCB_NONE;
+    const xcb_window_t window = *desktop().window(title);
+    desktop().activate(window);
+    EXPECT_TRUE(waitUntil([&] { return desktop().activeWindow() == window; }));
+    desktop().place(window, frame);
+    EXPECT_TRUE(waitUntil([&] { return desktop().visibleFrame(window).topLeft() == frame.topLeft(); }));
+    return window;
+}
+
+void DesktopTest::closeLastWindow() {
+    clients_.back()->kill();
+    clients_.back()->waitForFinished();
+}
+
+void DesktopTest::dragTo(xcb_window_t window, QPoint pointer) {
+    hands().moveTo(desktop().titleBar(window));
+    hands().leftDown();
+    hands().glideTo(pointer, 120);
+}
+
+bool DesktopTest::overlayIs(const QRect &frame) {
+    return desktop().unmanagedWindows(QStringLiteral("pimloft")) == std::vector{frame};
+}
+
+void DesktopTest::expectFrame(xcb_window_t window, const QRect &frame) {
+    const QSize step = desktop().sizeIncrement(window);
+    const auto matches = [&] {
+        const QRect now = desktop().visibleFrame(window);
+        const int narrower = frame.width() - now.width();
+        const int lower = frame.height() - now.height();
+        return now.topLeft() == frame.topLeft() && narrower >= 0 && narrower < step.width() && lower >= 0 &&
+               lower < step.height();
+    };
+    waitUntil(matches);
+    EXPECT_TRUE(matches()) << "it is at " << testing::PrintToString(desktop().visibleFrame(window))
+                           << " and not at " << testing::PrintToString(frame);
+}
+
+void DesktopTest::letPimloftCatchUp() {
+    EXPECT_TRUE(pimloft().answers());
+}
+
+void DesktopTest::picture(const QString &name) {
+    const QString folder = QStringLiteral(PICTURES);
+    QDir().mkpath(folder);
+    desktop().screenshot().save(folder + QLatin1Char('/') + name + QStringLiteral(".png"));
+}
+
+}  // namespace pimloft::test

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "platform/workspace/process_info.h"
+
+#include <QProcess>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <sys/prctl.h>
+#include <unistd.h>
+
+namespace pimloft {
+namespace {
+
+/// A program that runs until the end of the test, with or without being launched from a desktop entry.
+class Sleeper {
+public:
+    explicit Sleeper(const char *launchedProcess) {
+        qputenv("GIO_LAUNCHED_DESKTOP_FILE", "/share/applications/sleeper.desktop");
+        process_.setChildProcessModifier([launchedProcess] {
+            const std::string own = std::to_string(getpid());
+            setenv("GIO_LAUNCHED_DESKTOP_FILE_PID", launchedProcess ? launchedProcess : own.c_str(), 1);
+        });
+        process_.start(QStringLiteral("/bin/sleep"), {QStringLiteral("60")});
+        process_.waitForStarted();
+        qunsetenv("GIO_LAUNCHED_DESKTOP_FILE");
+    }
+    ~Sleeper() {
+        process_.kill();
+        process_.waitForFinished();
+    }
+    ProcessId id() const { return ProcessId(process_.processId()); }
+
+private:
+    QProcess process_;
+};
+
+TEST(ProcessInfo, tellsTheEntryThatTheProcessWasStartedFrom) {
+    const Sleeper sleeper(nullptr);
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return processInfo(sleeper.id()).executable == QStringLiteral("sleep"); }));
+    const ProcessInfo info = processInfo(sleeper.id());
+    EXPECT_EQ(info.launchedEntry, QStringLiteral("/share/applications/sleeper.desktop"));
+    EXPECT_EQ(info.name, QStringLiteral("sleep"));
+}
+
+TEST(ProcessInfo, doesNotTakeItsParentsEntryForItsOwn) {
+    const Sleeper sleeper("1");
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return processInfo(sleeper.id()).executable == QStringLiteral("sleep"); }));
+    EXPECT_EQ(processInfo(sleeper.id()).launchedEntry, QString());
+}
+
+TEST(ProcessInfo, tellsWhichOfTwoProcessesStartedFirst) {
+    const auto own = processStart(ProcessId(getpid()));
+    const auto parent = processStart(ProcessId(getppid()));
+    ASSERT_TRUE(own.has_value());
+    ASSERT_TRUE(parent.has_value());
+    EXPECT_LE(*parent, *own);
+}
+
+TEST(ProcessInfo, isNotMisledByAName) {
+    char before[16] = {};
+    prctl(PR_GET_NAME, before);
+    const auto start = processStart(ProcessId(getpid()));
+    prctl(PR_SET_NAME, ") R 1 (x");
+    EXPECT_EQ(processStart(ProcessId(getpid())), start);
+    prctl(PR_SET_NAME, before);
+}
+
+TEST(ProcessInfo, isEmptyForAProcessThatIsGone) {
+    constexpr ProcessId none{0x7fffffff};
+    EXPECT_EQ(processStart(none), std::nullopt);
+    EXPECT_EQ(processInfo(none).executable, QString());
+    EXPECT_EQ(processInfo(none).name, QString());
+}
+
+}  // namespace
+}  // namespace pimloft

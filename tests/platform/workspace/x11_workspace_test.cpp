@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: MIT
+#include "platform/workspace/x11_workspace.h"
+
+#include "platform/workspace/x11_clients.h"
+#include "support/desktop_session.h"
+
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QWindow>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace pimloft {
+namespace {
+
+using test::currentSession;
+using test::waitUntil;
+
+class X11WorkspaceTest : public testing::Test {
+protected:
+    X11WorkspaceTest() {
+        workspace_.onFrontmostChanged = [this] { ++changes_; };
+    }
+
+    std::string frontmost() {
+        const auto application = workspace_.frontmostApplication();
+        return application ? application->bundleId.value_or(QStringLiteral("(unknown)")).toStdString()
+                           : "(none)";
+    }
+    bool frontmostBecomes(const char *bundleId) {
+        return waitUntil([&] { return frontmost() == bundleId; });
+    }
+    std::optional<Application> running(ProcessId process) {
+        for (const Application &application : workspace_.runningApplications())
+            if (application.processId == process)
+                return application;
+        return std::nullopt;
+    }
+
+    X11Session session_;
+    X11ActiveWindow active_{session_};
+    X11Workspace workspace_{session_, active_, currentSession().home() + QStringLiteral("/help"),
+                            QDBusConnection::sessionBus()};
+    int changes_ = 0;
+};
+
+ProcessId id(const QProcess &process) {
+    return ProcessId(process.processId());
+}
+
+TEST_F(X11WorkspaceTest, followsTheProgramInFront) {
+    EXPECT_EQ(frontmost(), "(none)");
+    auto xterm = currentSession().start(QStringLiteral("xterm"));
+    EXPECT_TRUE(frontmostBecomes("com.apple.Terminal"));
+    const auto terminal = workspace_.frontmostApplication();
+    ASSERT_TRUE(terminal.has_value());
+    EXPECT_EQ(terminal->processId, id(*xterm));
+    EXPECT_EQ(terminal->name, QStringLiteral("XTerm"));
+    EXPECT_EQ(workspace_.frontmostChord(), ShortcutChord::shiftInsert);
+
+    const auto mousepad = currentSession().start(QStringLiteral("mousepad"));
+    EXPECT_TRUE(frontmostBecomes("org.xfce.mousepad"));
+    EXPECT_EQ(workspace_.frontmostChord(), ShortcutChord::control);
+    EXPECT_EQ(workspace_.frontmostApplication()->name, QStringLiteral("Mousepad"));
+    EXPECT_GE(changes_, 2);
+}
+
+TEST_F(X11WorkspaceTest, takesAFileManagerForTheFinder) {
+    const auto thunar = currentSession().start(QStringLiteral("thunar"));
+    EXPECT_TRUE(frontmostBecomes("com.apple.finder"));
+    EXPECT_EQ(workspace_.frontmostApplication()->name, QStringLiteral("Thunar File Manager"));
+}
+
+TEST_F(X11WorkspaceTest, tellsNoChangeWhileOneProgramStaysInFront) {
+    QLabel first(QStringLiteral("first"));
+    QLabel second(QStringLiteral("second"));
+    first.show();
+    ASSERT_TRUE(waitUntil([&] { return active_.current() == first.winId(); }));
+    frontmost();
+    changes_ = 0;
+    second.show();
+    ASSERT_TRUE(waitUntil([&] { return active_.current() == second.winId(); }));
+    frontmost();
+    EXPECT_EQ(changes_, 0);
+    EXPECT_EQ(workspace_.frontmostApplication()->processId, ProcessId(getpid()));
+}
+
+TEST_F(X11WorkspaceTest, takesTheDesktopItselfForTheFinder) {
+    QLabel desktop(QStringLiteral("icons"));
+    desktop.setAttribute(Qt::WA_X11NetWmWindowTypeDesktop);
+    desktop.show();
+    ASSERT_TRUE(waitUntil([&] { return desktop.windowHandle() && desktop.windowHandle()->isExposed(); }));
+    // As a click on the desktop does.
+    session_.sendToRoot(xcb_window_t(desktop.winId()), session_.atom("_NET_ACTIVE_WINDOW"), {2, 0, 0, 0, 0});
+    EXPECT_TRUE(frontmostBecomes("com.apple.finder"));
+}
+
+TEST_F(X11WorkspaceTest, listsProgramsInTheOrderOfTheirStart) {
+    const auto first = currentSession().start(QStringLiteral("mousepad"));
+    ASSERT_TRUE(waitUntil([&] { return running(id(*first)).has_value(); }));
+    const auto second = currentSession().start(QStringLiteral("xterm"));
+    ASSERT_TRUE(waitUntil([&] {
+        const auto terminal = running(id(*second));
+        return terminal && terminal->policy == ActivationPolicy::regular;
+    }));
+    const auto list = workspace_.runningApplications();
+    const auto position = [&list](ProcessId process) {
+        return std::find_if(list.begin(), list.end(),
+                            [process](const Application &each) { return each.processId == process; });
+    };
+    EXPECT_LT(position(id(*first)), position(id(*second)));
+    EXPECT_EQ(running(id(*second))->bundleId, QStringLiteral("com.apple.Terminal"));
+}
+
+TEST_F(X11WorkspaceTest, listsAProgramWithoutWindowsApart) {
+    const auto list = workspace_.runningApplications();
+    const QString manager = qEnvironmentVariable("PIMLOFT_TEST_WM");
+    const auto found = std::find_if(list.begin(), list.end(), [&](const Application &each) {
+        return each.name.compare(manager, Qt::CaseInsensitive) == 0;
+    });
+    ASSERT_NE(found, list.end());
+    EXPECT_NE(found->policy, ActivationPolicy::regular);
+}
+
+TEST_F(X11WorkspaceTest, forgetsAProgramThatEnds) {
+    auto xterm = currentSession().start(QStringLiteral("xterm"));
+    const ProcessId process = id(*xterm);
+    ASSERT_TRUE(waitUntil([&] { return running(process).has_value(); }));
+    xterm->kill();
+    xterm->waitForFinished();
+    EXPECT_TRUE(waitUntil([&] { return !running(process).has_value(); }));
+}
+
+TEST_F(X11WorkspaceTest, survivesWindowsThatVanishWhileTheyAreLookedAt) {
+    for (int round = 0; round < 5; ++round) {
+        auto xterm = currentSession().start(QStringLiteral("xterm"));
+        const ProcessId process = id(*xterm);
+        ASSERT_TRUE(waitUntil([&] { return running(process).has_value(); }));
+        xterm->kill();
+        workspace_.runningApplications();
+        workspace_.frontmostApplication();
+        xterm->waitForFinished();
+    }
+    EXPECT_TRUE(session_.isConnected());
+}
+
+TEST_F(X11WorkspaceTest, findsIconsInTheThemeOrOnTheWindow) {
+    QIcon::setThemeName(QStringLiteral("hicolor"));
+    const auto mousepad = currentSession().start(QStringLiteral("mousepad"));
+    ASSERT_TRUE(frontmostBecomes("org.xfce.mousepad"));
+    EXPECT_FALSE(workspace_.icon(*workspace_.frontmostApplication()).isNull());
+
+    QLabel own(QStringLiteral("own"));
+    QPixmap pixmap(16, 16);
+    pixmap.fill(Qt::red);
+    own.setWindowIcon(QIcon(pixmap));
+    own.show();
+    ASSERT_TRUE(waitUntil([&] {
+        const auto application = workspace_.frontmostApplication();
+        return application && application->processId == ProcessId(getpid());
+    }));
+    const QIcon icon = workspace_.icon(*workspace_.frontmostApplication());
+    EXPECT_EQ(icon.pixmap(16, 16).toImage().pixelColor(8, 8), QColor(Qt::red));
+}
+
+TEST_F(X11WorkspaceTest, answersANullIconForAProgramThatIsGone) {
+    QIcon::setThemeName(QStringLiteral("none"));
+    EXPECT_TRUE(workspace_.icon({.name = {}, .bundleId = {}, .processId = ProcessId(0x7fffffff)}).isNull());
+}
+
+TEST_F(X11WorkspaceTest, hasAnIconForEveryFile) {
+    EXPECT_FALSE(workspace_.fileIcon(QStringLiteral("/")).isNull());
+    EXPECT_FALSE(workspace_.fileIcon(QStringLiteral("/nowhere/file.txt")).isNull());
+}
+
+TEST_F(X11WorkspaceTest, seesEveryWindowAndEveryConnectedProcess) {
+    std::vector<std::unique_ptr<QProcess>> terminals;
+    for (int count = 0; count < 4; ++count)
+        terminals.push_back(currentSession().start(QStringLiteral("xterm")));
+    const auto windows = [this] {
+        std::size_t count = 0;
+        for (const X11Client &client : x11Clients(session_))
+            count += client.windows.size();
+        return count;
+    };
+    EXPECT_TRUE(waitUntil([&] { return windows() == 4; }));
+    const std::vector<X11Client> clients = x11Clients(session_);
+    const bool seesItself = std::any_of(clients.begin(), clients.end(), [](const X11Client &client) {
+        return client.process == ProcessId(getpid()) && client.windows.empty();
+    });
+    EXPECT_TRUE(seesItself);
+}
+
+}  // namespace
+}  // namespace pimloft
