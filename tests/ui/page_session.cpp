@@ -26,17 +26,28 @@ void keepWarning(QtMsgType type, const QMessageLogContext &context, const QStrin
 
 QString roleName(QAccessible::Role role) {
     switch (role) {
-    case QAccessible::Button: return QStringLiteral("button");
-    case QAccessible::CheckBox: return QStringLiteral("switch");
-    case QAccessible::Grouping: return QStringLiteral("group");
-    case QAccessible::Heading: return QStringLiteral("heading");
-    case QAccessible::ListItem: return QStringLiteral("list item");
-    case QAccessible::PageTab: return QStringLiteral("tab");
-    case QAccessible::PageTabList: return QStringLiteral("tabs");
-    case QAccessible::Slider: return QStringLiteral("slider");
-    case QAccessible::StaticText: return QStringLiteral("text");
-    case QAccessible::Window: return QStringLiteral("window");
-    default: return QString::number(int(role));
+    case QAccessible::Button:
+        return QStringLiteral("button");
+    case QAccessible::CheckBox:
+        return QStringLiteral("switch");
+    case QAccessible::Grouping:
+        return QStringLiteral("group");
+    case QAccessible::Heading:
+        return QStringLiteral("heading");
+    case QAccessible::ListItem:
+        return QStringLiteral("list item");
+    case QAccessible::PageTab:
+        return QStringLiteral("tab");
+    case QAccessible::PageTabList:
+        return QStringLiteral("tabs");
+    case QAccessible::Slider:
+        return QStringLiteral("slider");
+    case QAccessible::StaticText:
+        return QStringLiteral("text");
+    case QAccessible::Window:
+        return QStringLiteral("window");
+    default:
+        return QString::number(int(role));
     }
 }
 

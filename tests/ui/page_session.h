@@ -41,7 +41,8 @@ private:
 /// The newest window of ours on screen; fails the test if there is none.
 QQuickWindow *shownWindow();
 
-/// What a screen reader is told of a window: "role: name" in the order of the items, with the state in brackets.
+/// What a screen reader is told of a window: "role: name" in the order of the items, with the state in
+/// brackets.
 QStringList spoken(QQuickWindow *window);
 
 /// The item that a screen reader calls by this name; null if there is none.

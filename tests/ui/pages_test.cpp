@@ -31,9 +31,7 @@ protected:
         show({QUrl(QStringLiteral("qrc:/qt/qml/Pimloft/WindowSnap/WindowSnapSettings.qml")),
               {{QStringLiteral("settings"), QVariant::fromValue<QObject *>(&windowSnap)}}});
     }
-    std::string spoken() const {
-        return test::spoken(view.get()).join(QLatin1Char('\n')).toStdString();
-    }
+    std::string spoken() const { return test::spoken(view.get()).join(QLatin1Char('\n')).toStdString(); }
     QQuickItem *named(const char *name) const {
         QQuickItem *item = test::named(view.get(), QString::fromUtf8(name));
         EXPECT_TRUE(item) << name;
@@ -48,18 +46,19 @@ protected:
 
 TEST_F(Pages, theGeneralPageSaysThis) {
     showGeneral();
-    EXPECT_EQ(spoken(), "group: Startup\n"
-                        "heading: Startup\n"
-                        "switch: Launch at login [off]\n"
-                        "group: Accessibility\n"
-                        "heading: Accessibility\n"
-                        "text: Permission Granted\n"
-                        "button: Open Settings\n"
-                        "text: WindowSnap, KeyMapper, and FinderFix require Accessibility permission to function.\n"
-                        "group: About\n"
-                        "heading: About\n"
-                        "text: Version: 1.0.0\n"
-                        "text: Build: 1");
+    EXPECT_EQ(spoken(),
+              "group: Startup\n"
+              "heading: Startup\n"
+              "switch: Launch at login [off]\n"
+              "group: Accessibility\n"
+              "heading: Accessibility\n"
+              "text: Permission Granted\n"
+              "button: Open Settings\n"
+              "text: WindowSnap, KeyMapper, and FinderFix require Accessibility permission to function.\n"
+              "group: About\n"
+              "heading: About\n"
+              "text: Version: 1.0.0\n"
+              "text: Build: 1");
 }
 
 TEST_F(Pages, theGeneralPageFollowsThePermission) {
@@ -119,7 +118,8 @@ TEST_F(Pages, theWindowSnapPageSaysThis) {
               "Half + Quarters\n^+^+5\n"
               "Quarters\n^+^+6\n"
               "Multi-Monitor\n"
-              "Snap zones are disabled on screen edges shared with another display to prevent accidental snapping.");
+              "Snap zones are disabled on screen edges shared with another display to prevent accidental "
+              "snapping.");
 }
 
 TEST_F(Pages, aScreenReaderIsToldEachShortcutAsOneLine) {

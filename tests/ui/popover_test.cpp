@@ -2,13 +2,13 @@
 #include "ui/popover_controller.h"
 
 #include "page_session.h"
-#include "support/desktop_session.h"
 
 #include "keymapper/key_mapper_module.h"
 #include "ui/quick_engine.h"
 
 #include <QGuiApplication>
 #include <QSignalSpy>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -97,7 +97,8 @@ TEST_F(Popover, warnsWhileThePermissionIsMissing) {
     session.accessibility().refresh();
     QCoreApplication::processEvents();
     EXPECT_FALSE(test::texts(content()).contains(warning));
-    EXPECT_TRUE(test::waitUntil([&] { return panel()->frame().height() < tall; })) << "room is kept for the warning";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return panel()->frame().height() < tall; }))
+        << "room is kept for the warning";
 }
 
 TEST_F(Popover, hangsAtItsAnchor) {
@@ -183,9 +184,9 @@ TEST_F(Popover, letsTheEngineGoAndComesBack) {
 TEST_F(Popover, isMirroredForLanguagesFromRightToLeft) {
     open();
     const auto place = [this] { return test::named(window(), QStringLiteral("Quit"))->mapToScene({}).x(); };
-    EXPECT_TRUE(test::waitUntil([&] { return place() > 150; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return place() > 150; }));
     qApp->setLayoutDirection(Qt::RightToLeft);
-    EXPECT_TRUE(test::waitUntil([&] { return place() < 50; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return place() < 50; }));
 }
 
 }  // namespace

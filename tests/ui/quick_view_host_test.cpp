@@ -2,13 +2,13 @@
 #include "ui/quick_view_host.h"
 
 #include "page_session.h"
-#include "support/desktop_session.h"
 
 #include "ui/page_view.h"
 #include "ui/quick_view_window.h"
 
 #include <QQmlEngine>
 #include <QSignalSpy>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -16,7 +16,6 @@ namespace pimloft {
 namespace {
 
 using namespace std::chrono_literals;
-using test::waitUntil;
 
 const QString pageAddress = QStringLiteral("qrc:/tests/HostedPage.qml");
 
@@ -32,11 +31,12 @@ public:
 class QuickViewHostTest : public testing::Test {
 protected:
     WindowDescription description(bool resizable = false) {
-        return {.title = QStringLiteral("Title"),
-                .contentSize = QSize(320, 240),
-                .isResizable = resizable,
-                .isFloating = true,
-                .page = {QUrl(pageAddress), {{QStringLiteral("model"), QVariant::fromValue<QObject *>(&model)}}}};
+        return {
+            .title = QStringLiteral("Title"),
+            .contentSize = QSize(320, 240),
+            .isResizable = resizable,
+            .isFloating = true,
+            .page = {QUrl(pageAddress), {{QStringLiteral("model"), QVariant::fromValue<QObject *>(&model)}}}};
     }
     std::unique_ptr<QuickViewHost> host(std::chrono::milliseconds idle = 60s) {
         return std::make_unique<QuickViewHost>(session.desktop.displays, session.theme(), idle);
@@ -102,7 +102,8 @@ TEST_F(QuickViewHostTest, aWindowThatTheUserClosedCanBePresentedAgain) {
 TEST_F(QuickViewHostTest, escapeAndControlWClose) {
     const auto views = host();
     const auto window = views->makeWindow(description());
-    for (const auto &[key, modifiers] : {std::pair(Qt::Key_Escape, Qt::NoModifier), std::pair(Qt::Key_W, Qt::ControlModifier)}) {
+    for (const auto &[key, modifiers] :
+         {std::pair(Qt::Key_Escape, Qt::NoModifier), std::pair(Qt::Key_W, Qt::ControlModifier)}) {
         window->present();
         test::type(viewOf(*window), Qt::Key_A);
         EXPECT_TRUE(viewOf(*window)->isVisible());
@@ -123,7 +124,7 @@ TEST_F(QuickViewHostTest, theEngineGoesSomeTimeAfterTheLastWindowClosed) {
 
     second->close();
     ASSERT_TRUE(dropped.count() || dropped.wait());
-    EXPECT_TRUE(waitUntil([&] { return !views->engine().exists(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !views->engine().exists(); }));
     EXPECT_FALSE(viewOf(*first)) << "a view outlives its engine";
 }
 
@@ -134,7 +135,7 @@ TEST_F(QuickViewHostTest, aWindowComesBackAfterTheEngineWent) {
         window->present();
         EXPECT_EQ(model.shown, round) << "the page was not made afresh";
         window->close();
-        ASSERT_TRUE(waitUntil([&] { return !views->engine().exists(); }));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !views->engine().exists(); }));
     }
 }
 
