@@ -12,6 +12,11 @@ T.Switch {
     property string badge
     signal switched(bool on)
 
+    function flip() {
+        toggle();
+        switched(checked);
+    }
+
     Layout.fillWidth: true
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: Theme.rowHeight
@@ -19,8 +24,13 @@ T.Switch {
     hoverEnabled: true
     font: Theme.body
     onToggled: switched(checked)
+    Accessible.role: Accessible.CheckBox
     Accessible.name: checked ? qsTr("%1, enabled").arg(text) : qsTr("%1, disabled").arg(text)
     Accessible.description: badge
+    Accessible.checkable: true
+    Accessible.checked: checked
+    Accessible.onPressAction: flip()
+    Accessible.onToggleAction: flip()
 
     contentItem: RowLayout {
         spacing: Theme.unit * 2.5
@@ -32,7 +42,7 @@ T.Switch {
         Label {
             text: row.text
             Layout.fillWidth: !row.badge
-            Accessible.ignored: true
+            silent: true
         }
         Badge {
             text: row.badge

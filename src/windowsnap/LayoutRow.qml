@@ -29,10 +29,12 @@ RowLayout {
         Layout.fillWidth: true
         text: row.name
         font: Theme.callout
+        silent: true
     }
     Label {
         text: row.keys
         font: Theme.keysCaption
         color: Theme.colors.secondaryText
+        silent: true
     }
 }

@@ -41,12 +41,12 @@ private:
 /// The newest window of ours on screen; fails the test if there is none.
 QQuickWindow *shownWindow();
 
-/// What a screen reader is told of an item and everything in it: "role: name" in the order of the items, with
-/// the state in brackets.
-QStringList spoken(QQuickItem *root);
+/// What a screen reader is told of a window: "role: name" in the order of the items, with the state in
+/// brackets.
+QStringList spoken(QQuickWindow *window);
 
 /// The item that a screen reader calls by this name; null if there is none.
-QQuickItem *named(QQuickItem *root, const QString &name);
+QQuickItem *named(QQuickWindow *window, const QString &name);
 
 /// Every visible text below an item.
 QStringList texts(QQuickItem *root);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Puts every window on a real screen in every look, and keeps a picture of each in the build folder.
+#include "page_session.h"
 #include "plain_panels.h"
 #include "support/desktop_session.h"
-#include "page_session.h"
 
 #include "finderfix/finder_fix_module.h"
 #include "ui/general_settings.h"

@@ -9,11 +9,13 @@ LeadingText {
     property alias label: row.text
     property string value
 
+    speaksForText: true
     Accessible.role: Accessible.StaticText
     Accessible.name: qsTr("%1: %2").arg(label).arg(value)
 
     Label {
         text: row.value
         color: Theme.colors.secondaryText
+        silent: true
     }
 }

@@ -27,5 +27,6 @@ Rectangle {
         anchors.verticalCenterOffset: -0.5
         text: cap.text
         font: Theme.keys
+        silent: true
     }
 }

@@ -10,6 +10,8 @@ Item {
     property string text
     property string symbol
     property color symbolColor
+    /// Whether the row tells a screen reader what its text says.
+    property bool speaksForText: false
     default property alias trailing: trailing.data
 
     Layout.fillWidth: true
@@ -36,6 +38,7 @@ Item {
         text: row.text
         wrapMode: Text.Wrap
         maximumLineCount: 4
+        silent: row.speaksForText
     }
     RowLayout {
         id: trailing

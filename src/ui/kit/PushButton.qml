@@ -22,7 +22,7 @@ T.Button {
         font: button.font
         color: button.prominent ? Theme.colors.onAccent : Theme.colors.text
         horizontalAlignment: Text.AlignHCenter
-        Accessible.ignored: true
+        silent: true
     }
 
     background: Rectangle {
@@ -32,10 +32,13 @@ T.Button {
         border.color: Theme.colors.controlOutline
 
         FocusRing {
-            control: button
+            visible: button.visualFocus
         }
     }
 
-    Keys.onReturnPressed: button.click()
-    Keys.onEnterPressed: button.click()
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+    Accessible.onPressAction: clicked()
+    Keys.onReturnPressed: button.clicked()
+    Keys.onEnterPressed: button.clicked()
 }

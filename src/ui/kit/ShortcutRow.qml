@@ -34,6 +34,7 @@ RowLayout {
     Label {
         Layout.fillWidth: true
         text: row.action
+        silent: true
     }
     Symbol {
         name: "exclamationmark.triangle"

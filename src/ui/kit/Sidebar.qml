@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import Pimloft.Kit
 
 /// The list of a window's pages. The arrow keys go through it.
-T.Control {
+Rectangle {
     id: sidebar
 
     /// Each with a title and a symbol.
@@ -13,50 +12,57 @@ T.Control {
     property int selected: 0
     signal picked(int index)
 
-    implicitWidth: Math.max(Theme.unit * 48, implicitContentWidth + leftPadding + rightPadding)
-    padding: Theme.unit * 3
-    focusPolicy: Qt.StrongFocus
+    function pickedByKey(key) {
+        const last = tabs.length - 1;
+        const steps = {
+            [Qt.Key_Up]: Math.max(0, selected - 1),
+            [Qt.Key_Down]: Math.min(last, selected + 1),
+            [Qt.Key_Home]: 0,
+            [Qt.Key_End]: last
+        };
+        if (steps[key] === undefined)
+            return false;
+        picked(steps[key]);
+        return true;
+    }
+
+    implicitWidth: Math.max(Theme.unit * 48, list.implicitWidth + Theme.unit * 6)
+    color: Theme.colors.sidebar
+    activeFocusOnTab: true
     Accessible.role: Accessible.PageTabList
     Accessible.name: qsTr("Pages")
+    Keys.onPressed: event => event.accepted = pickedByKey(event.key)
 
-    Keys.onUpPressed: picked(Math.max(0, selected - 1))
-    Keys.onDownPressed: picked(Math.min(tabs.length - 1, selected + 1))
-    Keys.onPressed: event => {
-        event.accepted = event.key === Qt.Key_Home || event.key === Qt.Key_End;
-        if (event.accepted)
-            picked(event.key === Qt.Key_Home ? 0 : tabs.length - 1);
+    Rectangle {
+        anchors.right: parent.right
+        width: 1
+        height: parent.height
+        color: Theme.colors.outline
     }
 
-    background: Rectangle {
-        color: Theme.colors.sidebar
-
-        Rectangle {
-            anchors.right: parent.right
-            width: 1
-            height: parent.height
-            color: Theme.colors.outline
-        }
-    }
-
-    contentItem: ColumnLayout {
-        spacing: 2
+    ColumnLayout {
+        id: list
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.margins: Theme.unit * 3
+        spacing: Theme.unit / 2
 
         Repeater {
             model: sidebar.tabs
 
             SidebarItem {
+                id: item
+
                 required property int index
                 required property var modelData
 
                 text: modelData.title
                 symbol: modelData.symbol
                 selected: index === sidebar.selected
-                focused: selected && sidebar.visualFocus
-                onClicked: sidebar.picked(index)
+                focused: selected && sidebar.activeFocus
+                onClicked: sidebar.picked(item.index)
             }
-        }
-        Item {
-            Layout.fillHeight: true
         }
     }
 }

@@ -1,30 +1,42 @@
 // SPDX-License-Identifier: MIT
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import Pimloft.Kit
 
 /// The name of one page in the list of pages.
-T.AbstractButton {
+Item {
     id: item
 
+    property string text
     property string symbol
     property bool selected: false
     property bool focused: false
-    readonly property color ink: selected ? Theme.colors.onAccent : Theme.colors.text
+    signal clicked
 
     Layout.fillWidth: true
-    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitWidth: row.implicitWidth + Theme.unit * 4
     implicitHeight: Theme.controlHeight + Theme.unit
-    horizontalPadding: Theme.unit * 2
-    hoverEnabled: true
-    focusPolicy: Qt.NoFocus
     Accessible.role: Accessible.PageTab
     Accessible.name: text
     Accessible.selectable: true
     Accessible.selected: selected
+    Accessible.onPressAction: clicked()
 
-    contentItem: RowLayout {
+    Rectangle {
+        anchors.fill: parent
+        radius: Theme.controlRadius
+        color: item.selected ? Theme.colors.accent : pointer.hovered ? Theme.colors.hovered : "transparent"
+
+        FocusRing {
+            visible: item.focused
+        }
+    }
+
+    RowLayout {
+        id: row
+        anchors.fill: parent
+        anchors.leftMargin: Theme.unit * 2
+        anchors.rightMargin: Theme.unit * 2
         spacing: Theme.unit * 2
 
         Symbol {
@@ -35,18 +47,15 @@ T.AbstractButton {
         Label {
             Layout.fillWidth: true
             text: item.text
-            color: item.ink
-            Accessible.ignored: true
+            color: item.selected ? Theme.colors.onAccent : Theme.colors.text
+            silent: true
         }
     }
 
-    background: Rectangle {
-        radius: Theme.controlRadius
-        color: item.selected ? Theme.colors.accent : item.hovered ? Theme.colors.hovered : "transparent"
-
-        FocusRing {
-            control: item
-            visible: item.focused
-        }
+    HoverHandler {
+        id: pointer
+    }
+    TapHandler {
+        onTapped: item.clicked()
     }
 }

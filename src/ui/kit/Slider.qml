@@ -10,6 +10,7 @@ T.Slider {
     implicitWidth: Theme.unit * 40
     implicitHeight: Theme.controlHeight
     snapMode: T.Slider.SnapAlways
+    Accessible.role: Accessible.Slider
 
     background: Rectangle {
         x: slider.leftPadding
@@ -43,7 +44,7 @@ T.Slider {
         border.color: Theme.colors.controlOutline
 
         FocusRing {
-            control: slider
+            visible: slider.visualFocus
             radius: height / 2
         }
     }

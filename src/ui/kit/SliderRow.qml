@@ -25,6 +25,7 @@ RowLayout {
         Layout.fillWidth: true
         Layout.preferredWidth: implicitWidth
         text: row.label
+        silent: true
     }
     Slider {
         id: slider
@@ -42,5 +43,6 @@ RowLayout {
         color: Theme.colors.secondaryText
         font: Theme.keys
         horizontalAlignment: Text.AlignRight
+        silent: true
     }
 }

@@ -11,6 +11,11 @@ T.Switch {
 
     signal switched(bool on)
 
+    function flip() {
+        toggle();
+        switched(checked);
+    }
+
     Layout.fillWidth: true
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: Math.max(Theme.rowHeight, implicitContentHeight + topPadding + bottomPadding)
@@ -18,6 +23,12 @@ T.Switch {
     verticalPadding: Theme.unit * 2
     font: Theme.body
     onToggled: switched(checked)
+    Accessible.role: Accessible.CheckBox
+    Accessible.name: text
+    Accessible.checkable: true
+    Accessible.checked: checked
+    Accessible.onPressAction: flip()
+    Accessible.onToggleAction: flip()
 
     contentItem: Item {
         implicitWidth: label.implicitWidth + row.indicator.implicitWidth + Theme.unit * 4
@@ -31,7 +42,7 @@ T.Switch {
             text: row.text
             wrapMode: Text.Wrap
             maximumLineCount: 3
-            Accessible.ignored: true
+            silent: true
         }
     }
 

@@ -45,7 +45,7 @@ Rectangle {
     }
 
     FocusRing {
-        control: track.control
+        visible: track.control.visualFocus
         radius: height / 2
     }
 }

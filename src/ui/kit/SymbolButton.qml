@@ -27,12 +27,15 @@ T.Button {
         color: button.down ? Theme.colors.controlPressed : button.hovered ? Theme.colors.hovered : "transparent"
 
         FocusRing {
-            control: button
+            visible: button.visualFocus
         }
     }
 
-    Keys.onReturnPressed: button.click()
-    Keys.onEnterPressed: button.click()
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+    Accessible.onPressAction: clicked()
+    Keys.onReturnPressed: button.clicked()
+    Keys.onEnterPressed: button.clicked()
 
     Hint {
         text: button.text
