@@ -64,6 +64,7 @@ void TrayIcon::draw() {
     halo.setAlphaF(0.6F);
     icon_->setIcon(symbolIcon(appState_.menuBarIcon(), colors.text, halo));
     menu_->setPalette(menuPalette(colors));
+    menu_->setFont(theme_.body());
 }
 
 void TrayIcon::describe() {

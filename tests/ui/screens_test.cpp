@@ -4,6 +4,7 @@
 #include "plain_panels.h"
 #include "support/desktop_session.h"
 
+#include "app/hotkey_manager.h"
 #include "finderfix/finder_fix_module.h"
 #include "ui/general_settings.h"
 #include "ui/popover_controller.h"
@@ -106,6 +107,36 @@ TEST_P(Screens, settings) {
     test::type(window, Qt::Key_Tab);
     window->resize(window->minimumSize());
     EXPECT_GE(colours(picture(window, QStringLiteral("general-small"))), 50);
+}
+
+TEST_P(Screens, refusedShortcut) {
+    using enum CarbonModifiers;
+    session.desktop.hotkeys.take(Key::upArrow, control | command);
+    HotkeyManager::shared().registerHotkey(Key::upArrow, control | command, [] {});
+    GeneralSettings general(session.settings(), session.accessibility(), session.desktop.workspace);
+    SettingsWindow settings(session.views(), general.page(), session.appState().allModules());
+    settings.select(1);
+    settings.open();
+    QQuickWindow *window = test::shownWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+    const QString row = QStringLiteral("^+^+↑: ");
+    for (const QString &line : test::spoken(window)) {
+        if (!line.contains(row))
+            continue;
+        const QQuickItem *item = test::named(window, line.mid(line.indexOf(row)));
+        QTest::mouseMove(window, item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint());
+    }
+    QTest::qWait(700);
+    EXPECT_GE(colours(picture(window, QStringLiteral("windowsnap-refused"))), 50);
+}
+
+TEST_P(Screens, gallery) {
+    const auto window =
+        session.views().makeWindow({.title = QStringLiteral("Controls"),
+                                    .contentSize = QSize(560, 640),
+                                    .page = {QUrl(QStringLiteral("qrc:/tests/Gallery.qml")), {}}});
+    window->present();
+    EXPECT_GE(colours(picture(test::shownWindow(), QStringLiteral("gallery"))), 50);
 }
 
 TEST_P(Screens, popover) {
