@@ -39,7 +39,8 @@ public:
         for (const Run &run : runs)
             if (run.run_type == Run::RT_Iteration)
                 figure.samples.push_back(run.GetAdjustedRealTime());
-        table_.add(figure);
+        if (!figure.samples.empty())  // what is left are the library's own averages
+            table_.add(figure);
     }
 
 private:

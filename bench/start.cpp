@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
+#include "desktop/support/tray_host.h"
 #include "measures.h"
 #include "stage.h"
-#include "tray_host.h"
 
 #include <algorithm>
 
@@ -13,21 +13,27 @@ void measureStart(Table &table, Extent extent) {
     Figure both{
         QStringLiteral("process start to tray icon and shortcuts live"), QStringLiteral("ms"), 100, {}};
     Stage stage;
-    TrayHost host(stage.session.display());
+    test::TrayHost host(stage.session.display());
     const int runs = extent.quick ? 5 : 31;
     for (int run = 0; run < runs; ++run) {
         host.forgetIcon();
         QElapsedTimer elapsed;
         elapsed.start();
         const test::Program program(stage.session);
+        // Asking stops the server for a moment, so not too often.
+        constexpr double pause = 2;
+        double lastQuestion = 0;
         double trayTime = 0;
         double shortcutTime = 0;
         while (trayTime == 0 || shortcutTime == 0) {
             const double now = double(elapsed.nsecsElapsed()) / 1e6;
             if (trayTime == 0 && host.hasIcon())
                 trayTime = now;
-            if (shortcutTime == 0 && stage.shortcutsAreLive())
-                shortcutTime = now;
+            if (shortcutTime == 0 && now - lastQuestion > pause) {
+                lastQuestion = now;
+                if (stage.shortcutsAreLive())
+                    shortcutTime = now;
+            }
             if (now > 10000)
                 qFatal("Pimloft does not come up: %s", qPrintable(program.complaints()));
         }

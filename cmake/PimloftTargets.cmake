@@ -7,6 +7,15 @@ target_compile_definitions(pimloft_options INTERFACE QT_NO_CAST_TO_ASCII QT_NO_F
 if(PIMLOFT_SANITIZE)
     target_compile_options(pimloft_options INTERFACE -fsanitize=${PIMLOFT_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     target_link_options(pimloft_options INTERFACE -fsanitize=${PIMLOFT_SANITIZE})
+    if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
+        target_compile_options(pimloft_options INTERFACE
+            -fsanitize-ignorelist=${CMAKE_SOURCE_DIR}/cmake/sanitizer-exceptions.txt)
+    endif()
+endif()
+
+if(PIMLOFT_FUZZ)
+    # The fuzzer is led by what the code under test runs through.
+    target_compile_options(pimloft_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 # pimloft_library(name SOURCES ... LINK ...): a static library of the tree.

@@ -39,7 +39,7 @@ until_true() {
 # What a server says about itself when it is up.
 first_answer() {
     local line
-    read -rt 20 line <>"$HOME/answer" || {
+    read -rt 20 line <>"$desktop_home/answer" || {
         echo "The demo desktop does not come up (see $desktop_home/log)" >&2
         return 1
     }
@@ -64,7 +64,7 @@ desktop_end() {
 write_settings() {
     local theme=Adwaita
     [ "$1" = dark ] && theme=Adwaita-dark
-    cat >"$HOME/xsettingsd.conf" <<TEXT
+    cat >"$desktop_home/xsettingsd.conf" <<TEXT
 Net/ThemeName "$theme"
 Net/IconThemeName "Adwaita"
 Gtk/FontName "Inter 10"
@@ -115,7 +115,7 @@ TEXT
 write_panel() {
     local bar='#f7f7f8 92' text='#26262a 100'
     [ "$1" = dark ] && bar='#1b1b1f 92' text='#ececf0 100'
-    cat >"$HOME/tint2rc" <<TEXT
+    cat >"$desktop_home/tint2rc" <<TEXT
 rounded = 0
 border_width = 0
 background_color = $bar
@@ -202,25 +202,25 @@ desktop_start() {
     printf "PS1='\\[\\e[34m\\]~\\[\\e[0m\\] \$ '\n" >"$HOME/.bashrc"
     # Thunar warns whoever works as root, as in a container.
     mkdir -p "$XDG_CONFIG_HOME/gtk-3.0"
-    echo 'infobar, infobar * { min-height: 0; padding: 0; border-width: 0; font-size: 0; }' \
+    echo 'infobar, infobar * { min-height: 0; margin: 0; padding: 0; border: none; font-size: 0; background: none; }' \
         >"$XDG_CONFIG_HOME/gtk-3.0/gtk.css"
 
-    mkfifo "$HOME/answer"
-    spawn Xvfb -displayfd 3 -screen 0 "$1x24" -nolisten tcp -noreset 3<>"$HOME/answer"
+    mkfifo "$desktop_home/answer"
+    spawn Xvfb -displayfd 3 -screen 0 "$1x24" -nolisten tcp -noreset 3<>"$desktop_home/answer"
     DISPLAY=:$(first_answer)
     export DISPLAY
-    spawn dbus-daemon --session --nofork --print-address=3 3<>"$HOME/answer"
+    spawn dbus-daemon --session --nofork --print-address=3 3<>"$desktop_home/answer"
     DBUS_SESSION_BUS_ADDRESS=$(first_answer)
     export DBUS_SESSION_BUS_ADDRESS
 
     desktop_look "$3"
-    spawn xsettingsd -c "$HOME/xsettingsd.conf"
+    spawn xsettingsd -c "$desktop_home/xsettingsd.conf"
     settings_pid=$spawned
     spawn openbox
     manager_pid=$spawned
     until_true 20 eval 'xprop -root _NET_SUPPORTING_WM_CHECK | grep -q "window id"'
     desktop_compositor on
-    spawn tint2 -c "$HOME/tint2rc"
+    spawn tint2 -c "$desktop_home/tint2rc"
     panel_pid=$spawned
 }
 

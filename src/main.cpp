@@ -119,9 +119,9 @@ int start(int argc, char **argv, CommandLine::Action action) {
     return action == CommandLine::Action::doctor ? diagnose() : run(application, *instance, action);
 }
 
-} // namespace
+}  // namespace
 
-} // namespace pimloft
+}  // namespace pimloft
 
 int main(int argc, char **argv) {
     using namespace pimloft;
@@ -137,7 +137,8 @@ int main(int argc, char **argv) {
         printLine(CommandLine::help());
         return 0;
     case CommandLine::Action::refuse:
-        return complain(QStringLiteral("pimloft: \"%1\" means nothing here; try --help").arg(commandLine.unknown));
+        return complain(
+            QStringLiteral("pimloft: \"%1\" means nothing here; try --help").arg(commandLine.unknown));
     default:
         return start(argc, argv, commandLine.action);
     }

@@ -38,18 +38,16 @@ double scaleOfLogin() {
 class LinuxHost final : public Host {
 public:
     explicit LinuxHost(const Dirs &dirs)
-        : preferences_(dirs.preferences),
-          loginItem_(dirs.autostart, QCoreApplication::applicationFilePath()),
+        : preferences_(dirs.preferences), loginItem_(dirs.autostart, QCoreApplication::applicationFilePath()),
           displays_(session_, scaleOfLogin()), appearance_(session_, bus_),
           diagnosis_(session_, sessionType_, bus_), windows_(session_, displays_, sessionType_),
           mouse_(input_, displays_), hotkeys_(session_, keyboard_, input_),
-          workspace_(session_, activeWindow_, dirs.help, bus_),
-          panels_({.displays = displays_,
-                   .keyboard = keyboard_,
-                   .hotkeys = hotkeys_,
-                   .input = input_,
-                   .activeWindow = activeWindow_,
-                   .compositor = compositor_}),
+          workspace_(session_, activeWindow_, dirs.help, bus_), panels_({.displays = displays_,
+                                                                         .keyboard = keyboard_,
+                                                                         .hotkeys = hotkeys_,
+                                                                         .input = input_,
+                                                                         .activeWindow = activeWindow_,
+                                                                         .compositor = compositor_}),
           keys_(
               keyboard_, [this] { panels_.endTyping(); }, [this] { return workspace_.frontmostChord(); }) {}
 
@@ -91,7 +89,7 @@ private:
     X11KeyPoster keys_;
 };
 
-} // namespace
+}  // namespace
 
 std::optional<QString> prepareDesktop() {
     // On a Wayland desktop the program talks to its X server: the native one lets nobody place windows.
@@ -103,10 +101,13 @@ std::optional<QString> prepareDesktop() {
     if (connected)
         return std::nullopt;
     const QString display = qEnvironmentVariable("DISPLAY");
-    return display.isEmpty() ? QStringLiteral("pimloft: there is no X display; start it within a desktop session")
-                             : QStringLiteral("pimloft: the X display %1 does not answer").arg(display);
+    return display.isEmpty()
+               ? QStringLiteral("pimloft: there is no X display; start it within a desktop session")
+               : QStringLiteral("pimloft: the X display %1 does not answer").arg(display);
 }
 
-std::unique_ptr<Host> createHost(const Dirs &dirs) { return std::make_unique<LinuxHost>(dirs); }
+std::unique_ptr<Host> createHost(const Dirs &dirs) {
+    return std::make_unique<LinuxHost>(dirs);
+}
 
-} // namespace pimloft
+}  // namespace pimloft

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Starting, asking and ending the program, and what it makes of a desktop or a disk that fails it.
 #include "desktop/support/desktop_test.h"
-
-#include <QDir>
-#include <QFile>
+#include "desktop/support/tray_host.h"
 
 #include <csignal>
 
@@ -16,8 +14,7 @@ class Lifecycle : public DesktopTest {
 protected:
     void SetUp() override { openDesktop(QStringLiteral("openbox")); }
     Launch ask(const QString &option) { return launch(session(), {option}); }
-    QString preferences() { return session().home() + QStringLiteral("/config/Pimloft/preferences.json"); }
-    bool hasPopover() { return !noOverlay(); }
+    bool hasPopover() { return panelFrame().has_value(); }
     bool hasSettingsWindow() { return !desktop().windowsOf(QStringLiteral("pimloft")).empty(); }
 };
 
@@ -52,12 +49,36 @@ TEST_F(Lifecycle, opensItsPanelWhenItIsStartedAgain) {
     EXPECT_EQ(second.complaints.toStdString(), "");
     EXPECT_TRUE(waitUntil([&] { return hasPopover(); }));
     picture(QStringLiteral("popover"));
+    hands().tap(KEY_ESC);
+    EXPECT_TRUE(waitUntil([&] { return !hasPopover(); }));
+}
+
+TEST_F(Lifecycle, opensItsPanelFromTheTray) {
+    TrayHost tray(session().display());
+    startPimloft();
+    ASSERT_TRUE(waitUntil([&] { return tray.hasIcon(); }));
+    letPimloftCatchUp();
+    hands().click(TrayHost::frame.center());
+    EXPECT_TRUE(waitUntil([&] { return hasPopover(); }));
+    picture(QStringLiteral("popover-at-the-tray"));
+    hands().click({300, 700});
+    EXPECT_TRUE(waitUntil([&] { return !hasPopover(); })) << "a click elsewhere does not close it";
+}
+
+TEST_F(Lifecycle, comesBackToATrayThatRestarts) {
+    auto tray = std::make_unique<TrayHost>(session().display());
+    startPimloft();
+    ASSERT_TRUE(waitUntil([&] { return tray->hasIcon(); }));
+    tray.reset();
+    tray = std::make_unique<TrayHost>(session().display());
+    EXPECT_TRUE(waitUntil([&] { return tray->hasIcon(); }));
 }
 
 TEST_F(Lifecycle, opensItsSettingsWhenAsked) {
     startPimloft();
     EXPECT_EQ(ask(QStringLiteral("--settings")).exitCode, 0);
     EXPECT_TRUE(waitUntil([&] { return hasSettingsWindow(); }));
+    EXPECT_TRUE(desktop().window(QStringLiteral("Pimloft Settings"))) << "its title is another";
     picture(QStringLiteral("settings"));
 }
 
@@ -115,46 +136,28 @@ TEST_F(Lifecycle, leavesAShortcutToTheProgramThatHasItAndSaysSo) {
                 HasSubstr("belongs to another program"));
 }
 
+TEST_F(Lifecycle, tellsWhatItWouldFindBeforeItRuns) {
+    const Launch answer = ask(QStringLiteral("--doctor"));
+    EXPECT_EQ(answer.exitCode, 0);
+    EXPECT_THAT(answer.output.toStdString(), HasSubstr("10 of 10 granted"));
+    EXPECT_EQ(answer.complaints.toStdString(), "");
+    EXPECT_FALSE(desktop().isKeyTaken(KEY_6, controlSuper));
+}
+
 TEST_F(Lifecycle, findsNothingMissingOnAnOrdinaryDesktop) {
     startPimloft();
     EXPECT_THAT(ask(QStringLiteral("--doctor")).output.toStdString(), HasSubstr("10 of 10 granted"));
-}
-
-TEST_F(Lifecycle, takesADamagedPreferencesFileForNone) {
-    QDir().mkpath(session().home() + QStringLiteral("/config/Pimloft"));
-    QFile file(preferences());
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("{\"pimloft.windowsnap.enabled\": fal");
-    file.close();
-    startPimloft();
-    const xcb_window_t window = openWindow(Client::qt, QStringLiteral("Placed"));
-    press(KEY_LEFT);
-    expectFrame(window, {0, 0, 800, 1000});
-}
-
-TEST_F(Lifecycle, readsItsPreferences) {
-    QDir().mkpath(session().home() + QStringLiteral("/config/Pimloft"));
-    QFile file(preferences());
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("{\"pimloft.windowsnap.snapSensitivity\": 30}");
-    file.close();
-    startPimloft();
-    const xcb_window_t window = openWindow(Client::qt, QStringLiteral("Dragged"));
-    dragTo(window, {28, 500});
-    EXPECT_TRUE(waitUntil([&] { return overlayIs({0, 0, 800, 1000}); }));
-    drop();
-    expectFrame(window, {0, 0, 800, 1000});
 }
 
 class WithoutXTest : public DesktopTest {};
 
 TEST_F(WithoutXTest, itRunsAndSaysWhatItCannotDo) {
     openDesktop(QStringLiteral("openbox"), {QStringLiteral("-extension"), QStringLiteral("XTEST")});
-    startUntrustedPimloft();
+    startPimloftWithoutShortcuts();
     EXPECT_FALSE(desktop().isKeyTaken(KEY_6, controlSuper));
     EXPECT_THAT(launch(session(), {QStringLiteral("--doctor")}).output.toStdString(), HasSubstr("  no  "));
     EXPECT_EQ(launch(session(), {}).exitCode, 0);
-    EXPECT_TRUE(waitUntil([&] { return !noOverlay(); }));
+    EXPECT_TRUE(waitUntil([&] { return panelFrame().has_value(); }));
     picture(QStringLiteral("popover-untrusted"));
 }
 

@@ -10,11 +10,18 @@ namespace {
 /// Modifier keys in the state of a key event; above them stand mouse buttons and the layout.
 constexpr std::uint16_t modifierBits = 0xff;
 
+/// The server's clock starts anew after 49 days, so that what is long past may look like the future.
+bool isShortlyBefore(xcb_timestamp_t time, xcb_timestamp_t other) {
+    constexpr xcb_timestamp_t longestDelay = 10000;
+    const xcb_timestamp_t earlier = other - time;
+    return earlier > 0 && earlier < longestDelay;
+}
+
 }  // namespace
 
 X11Hotkeys::X11Hotkeys(X11Session &session, X11Keyboard &keyboard, X11RawInput &input)
     : session_(session), keyboard_(keyboard), releases_(input.watch([this](const X11RawInput::Event &event) {
-          handleRelease(xcb_keycode_t(event.detail));
+          handleRelease(xcb_keycode_t(event.detail), event.time);
       })),
       events_(session.subscribe([this](const xcb_generic_event_t &event) { handle(event); })) {
     connect(&keyboard, &X11Keyboard::mapChanged, this, &X11Hotkeys::regrabAll);
@@ -92,45 +99,49 @@ void X11Hotkeys::handle(const xcb_generic_event_t &event) {
     if (key.event != session_.root())
         return;
     if (type == XCB_KEY_PRESS)
-        takePress(key.detail, key.state);
+        takePress(key);
     else
-        handleRelease(key.detail);
+        handleRelease(key.detail, key.time);
 }
 
-bool X11Hotkeys::takePress(xcb_keycode_t key, std::uint16_t state) {
+bool X11Hotkeys::takePress(const xcb_key_press_event_t &event) {
     // A repeat, or the key that opened a window which now holds the keyboard.
-    if (held_.contains(key))
+    if (held_.contains(event.detail))
         return true;
-    const std::uint16_t modifiers = state & modifierBits & ~keyboard_.map().locks();
+    // A repeat that was on its way to that window when the key was let go.
+    const auto released = released_.find(event.detail);
+    if (released != released_.end() && isShortlyBefore(event.time, released->second))
+        return true;
+    const std::uint16_t modifiers = event.state & modifierBits & ~keyboard_.map().locks();
     const auto pressed = std::find_if(hotkeys_.begin(), hotkeys_.end(), [&](const Hotkey &each) {
-        return each.code == key && each.mask == modifiers;
+        return each.code == event.detail && each.mask == modifiers;
     });
     if (pressed == hotkeys_.end())
         return false;
-    setHeld(key, true);
+    held_.insert(event.detail);
+    listenForReleases();
     if (onPressed)
         onPressed(pressed->id);
     return true;
 }
 
-bool X11Hotkeys::takeRelease(xcb_keycode_t key) {
-    const bool ours = held_.contains(key);
-    handleRelease(key);
+bool X11Hotkeys::takeRelease(const xcb_key_release_event_t &event) {
+    const bool ours = held_.contains(event.detail);
+    handleRelease(event.detail, event.time);
     return ours;
 }
 
-void X11Hotkeys::handleRelease(xcb_keycode_t key) {
+void X11Hotkeys::handleRelease(xcb_keycode_t key, xcb_timestamp_t time) {
     // A key that a program let go, to press it anew, is still under the user's finger.
-    if (held_.contains(key) && !keyboard_.isHeld(key))
-        setHeld(key, false);
+    if (!held_.contains(key) || keyboard_.isHeld(key))
+        return;
+    held_.erase(key);
+    released_[key] = time;
+    listenForReleases();
 }
 
-void X11Hotkeys::setHeld(xcb_keycode_t key, bool held) {
-    if (held)
-        held_.insert(key);
-    else
-        held_.erase(key);
-    // The release goes to another window once the hotkey's hold on the keyboard was ended.
+/// A release goes to another window once the hotkey's hold on the keyboard was ended.
+void X11Hotkeys::listenForReleases() {
     releases_->want(held_.empty() ? 0 : X11RawInput::keyRelease);
 }
 

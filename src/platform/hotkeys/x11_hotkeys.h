@@ -6,6 +6,7 @@
 
 #include <QObject>
 
+#include <map>
 #include <set>
 #include <vector>
 
@@ -23,8 +24,8 @@ public:
 
     /// For key presses that come to a window of ours instead, while it holds the keyboard: reports a granted
     /// combination as pressed. True when the event belongs to a hotkey, whose key may have been down before.
-    bool takePress(xcb_keycode_t key, std::uint16_t state);
-    bool takeRelease(xcb_keycode_t key);
+    bool takePress(const xcb_key_press_event_t &event);
+    bool takeRelease(const xcb_key_release_event_t &event);
 
 private:
     struct Hotkey {
@@ -37,16 +38,17 @@ private:
     };
 
     void handle(const xcb_generic_event_t &event);
-    void handleRelease(xcb_keycode_t key);
+    void handleRelease(xcb_keycode_t key, xcb_timestamp_t time);
     bool grab(Hotkey &hotkey);
     void ungrab(Hotkey &hotkey);
     void regrabAll();
-    void setHeld(xcb_keycode_t key, bool held);
+    void listenForReleases();
 
     X11Session &session_;
     X11Keyboard &keyboard_;
     std::vector<Hotkey> hotkeys_;
-    std::set<xcb_keycode_t> held_;  ///< pressed as a hotkey and not let go yet
+    std::set<xcb_keycode_t> held_;                       ///< pressed as a hotkey and not let go yet
+    std::map<xcb_keycode_t, xcb_timestamp_t> released_;  ///< when the others were let go
     std::unique_ptr<X11RawInput::Watch> releases_;
     std::unique_ptr<X11Session::Subscription> events_;
 };

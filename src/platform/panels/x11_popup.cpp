@@ -139,11 +139,11 @@ bool X11Popup::nativeEventFilter(const QByteArray &, void *message, qintptr *) {
         if (key.event != id())
             return false;
         idle_.start();
-        return panels_.desktop_.hotkeys.takePress(key.detail, key.state);
+        return panels_.desktop_.hotkeys.takePress(key);
     }
     case XCB_KEY_RELEASE: {
         const auto &key = reinterpret_cast<const xcb_key_release_event_t &>(event);
-        return key.event == id() && panels_.desktop_.hotkeys.takeRelease(key.detail);
+        return key.event == id() && panels_.desktop_.hotkeys.takeRelease(key);
     }
     case XCB_FOCUS_OUT: {
         const auto &focus = reinterpret_cast<const xcb_focus_out_event_t &>(event);

@@ -93,7 +93,7 @@ void X11RawInput::handle(const xcb_generic_event_t &event) {
             const std::uint32_t key = interest->first;
             if (interest->second.kinds & each.kind) {
                 const Handler call = interest->second.handler;
-                call({each.kind, raw.detail});
+                call({each.kind, raw.detail, raw.time});
             }
             interest = interests_.upper_bound(key);
         }

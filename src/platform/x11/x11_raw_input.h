@@ -27,6 +27,7 @@ public:
     struct Event {
         Kind kind;
         std::uint32_t detail;  ///< key code, or the button as it is numbered on the device
+        xcb_timestamp_t time;
     };
     using Handler = std::function<void(const Event &)>;
 

@@ -65,7 +65,7 @@ Program &DesktopTest::startPimloft(const Variables &variables) {
     return pimloft();
 }
 
-Program &DesktopTest::startUntrustedPimloft() {
+Program &DesktopTest::startPimloftWithoutShortcuts() {
     programs_.push_back(std::make_unique<Program>(session()));
     EXPECT_TRUE(waitUntil([this] { return pimloft().isReachable(); }, 10000) && pimloft().answers())
         << "it does not come up";
@@ -116,6 +116,33 @@ void DesktopTest::dragTo(xcb_window_t window, QPoint pointer) {
 
 bool DesktopTest::overlayIs(const QRect &frame) {
     return desktop().unmanagedWindows(QStringLiteral("pimloft")) == std::vector{frame};
+}
+
+std::optional<QRect> DesktopTest::panelFrame() {
+    const auto windows = desktop().unmanagedWindows(QStringLiteral("pimloft"));
+    return windows.empty() ? std::nullopt : std::optional(windows.front());
+}
+
+void DesktopTest::flipTopmostSwitch() {
+    EXPECT_EQ(launch(session(), {}).exitCode, 0);
+    std::optional<QPoint> found;
+    // Of a panel in grey and white the switches that are on are what is blue at the right.
+    const auto look = [&] {
+        const std::optional<QRect> panel = panelFrame();
+        if (!panel)
+            return false;
+        const QImage all = desktop().screenshot();
+        const int x = panel->right() - panel->width() / 6;
+        for (int y = panel->top(); y < panel->bottom() && !found; ++y)
+            if (const QRgb pixel = all.pixel(x, y); qBlue(pixel) > qRed(pixel) + 80)
+                found = QPoint(x, y + 6);
+        return found.has_value();
+    };
+    ASSERT_TRUE(waitUntil(look)) << "the panel shows no switch";
+    hands().click(*found);
+    letPimloftCatchUp();
+    hands().tap(KEY_ESC);
+    EXPECT_TRUE(waitUntil([this] { return !panelFrame(); }));
 }
 
 void DesktopTest::expectFrame(xcb_window_t window, const QRect &frame) {

@@ -33,7 +33,7 @@ protected:
     /// Starts Pimloft and waits until its shortcuts are live.
     Program &startPimloft(const Variables &variables = {});
     /// As above, where it cannot have shortcuts.
-    Program &startUntrustedPimloft();
+    Program &startPimloftWithoutShortcuts();
 
     enum class Client { xterm, gtk, qt };
     /// Opens a window of that program, gives it the keyboard and puts its visible frame there.
@@ -49,6 +49,11 @@ protected:
     /// Whether the overlay is there and nowhere else.
     bool overlayIs(const QRect &frame);
     bool noOverlay() { return desktop().unmanagedWindows(QStringLiteral("pimloft")).empty(); }
+
+    /// Where the panel with the switches is, with the shadow that it may draw.
+    std::optional<QRect> panelFrame();
+    /// Opens the panel, and flips the topmost switch that is on: window snapping's, at first.
+    void flipTopmostSwitch();
 
     /// Waits for the frame. A window that grows in steps may lack less than one; it never exceeds it.
     void expectFrame(xcb_window_t window, const QRect &frame);

@@ -224,12 +224,22 @@ TEST_F(HotkeysTest, whileAHotkeyIsHeldItsHoldOnTheKeyboardCanBeEnded) {
 TEST_F(HotkeysTest, aPressThatComesToAWindowOfOursCountsWhileTheWindowHoldsTheKeyboard) {
     EXPECT_TRUE(hotkeys.grant(Key::v, commandShift, HotkeyId{1}));
     constexpr unsigned commandShiftState = XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT;
-    EXPECT_FALSE(hotkeys.takePress(code(KEY_V), 0));
-    EXPECT_FALSE(hotkeys.takePress(code(KEY_C), commandShiftState));
-    EXPECT_TRUE(hotkeys.takePress(code(KEY_V), commandShiftState | XCB_MOD_MASK_LOCK));
+    const auto event = [](int key, unsigned state, xcb_timestamp_t time) {
+        xcb_key_press_event_t event{};
+        event.detail = code(key);
+        event.state = std::uint16_t(state);
+        event.time = time;
+        return event;
+    };
+    EXPECT_FALSE(hotkeys.takePress(event(KEY_V, 0, 1000)));
+    EXPECT_FALSE(hotkeys.takePress(event(KEY_C, commandShiftState, 1001)));
+    EXPECT_TRUE(hotkeys.takePress(event(KEY_V, commandShiftState | XCB_MOD_MASK_LOCK, 1002)));
     // Repeats belong to it, also when a modifier was let go.
-    EXPECT_TRUE(hotkeys.takePress(code(KEY_V), XCB_MOD_MASK_SHIFT));
-    EXPECT_TRUE(hotkeys.takeRelease(code(KEY_V)));
-    EXPECT_FALSE(hotkeys.takeRelease(code(KEY_V)));
+    EXPECT_TRUE(hotkeys.takePress(event(KEY_V, XCB_MOD_MASK_SHIFT, 1100)));
+    EXPECT_TRUE(hotkeys.takeRelease(event(KEY_V, 0, 1200)));
+    EXPECT_FALSE(hotkeys.takeRelease(event(KEY_V, 0, 1200)));
+    // A repeat that comes later than the release did.
+    EXPECT_TRUE(hotkeys.takePress(event(KEY_V, 0, 1199)));
+    EXPECT_FALSE(hotkeys.takePress(event(KEY_V, 0, 1300)));
     EXPECT_EQ(report(), QStringLiteral("1"));
 }

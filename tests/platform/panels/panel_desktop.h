@@ -118,13 +118,20 @@ struct PanelDesktop : testing::Test {
                std::find(windows.begin(), windows.end(), lower);
     }
 
+    struct End {
+        void operator()(QProcess *process) const {
+            process->kill();
+            process->waitForFinished();
+            delete process;
+        }
+    };
     /// Runs a compositor until the returned object is destroyed.
-    std::unique_ptr<QProcess> startCompositor() {
+    std::unique_ptr<QProcess, End> startCompositor() {
         auto process = currentSession().start(QStringLiteral("picom"),
                                               {QStringLiteral("--backend"), QStringLiteral("xrender"),
                                                QStringLiteral("--config"), QStringLiteral("/dev/null")});
         EXPECT_TRUE(waitUntil([&] { return panels.blends(); }));
-        return process;
+        return std::unique_ptr<QProcess, End>(process.release());
     }
 
     /// Lets everything that was done so far arrive.

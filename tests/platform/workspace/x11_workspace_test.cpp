@@ -7,7 +7,6 @@
 #include <QDir>
 #include <QFile>
 #include <QLabel>
-#include <QWindow>
 
 #include <gtest/gtest.h>
 
@@ -91,13 +90,26 @@ TEST_F(X11WorkspaceTest, tellsNoChangeWhileOneProgramStaysInFront) {
 }
 
 TEST_F(X11WorkspaceTest, takesTheDesktopItselfForTheFinder) {
-    QLabel desktop(QStringLiteral("icons"));
-    desktop.setAttribute(Qt::WA_X11NetWmWindowTypeDesktop);
-    desktop.show();
-    ASSERT_TRUE(waitUntil([&] { return desktop.windowHandle() && desktop.windowHandle()->isExposed(); }));
+    xcb_connection_t *connection = session_.connection();
+    const xcb_window_t desktop = xcb_generate_id(connection);
+    xcb_create_window(connection, XCB_COPY_FROM_PARENT, desktop, session_.root(), 0, 0, 1600, 1000, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+    const xcb_atom_t type = session_.atom("_NET_WM_WINDOW_TYPE_DESKTOP");
+    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, desktop, session_.atom("_NET_WM_WINDOW_TYPE"),
+                        XCB_ATOM_ATOM, 32, 1, &type);
+    xcb_map_window(connection, desktop);
+    session_.roundTrip();
+    ASSERT_TRUE(waitUntil([&] {
+        const auto managed = session_.property32(session_.root(), session_.atom("_NET_CLIENT_LIST"));
+        return std::find(managed.begin(), managed.end(), desktop) != managed.end();
+    }));
+    ASSERT_TRUE(running(ProcessId(getpid())).has_value());
+    EXPECT_NE(running(ProcessId(getpid()))->policy, ActivationPolicy::regular) << "it is in no task list";
     // As a click on the desktop does.
-    session_.sendToRoot(xcb_window_t(desktop.winId()), session_.atom("_NET_ACTIVE_WINDOW"), {2, 0, 0, 0, 0});
+    session_.sendToRoot(desktop, session_.atom("_NET_ACTIVE_WINDOW"), {2, 0, 0, 0, 0});
     EXPECT_TRUE(frontmostBecomes("com.apple.finder"));
+    xcb_destroy_window(connection, desktop);
+    session_.roundTrip();
 }
 
 TEST_F(X11WorkspaceTest, listsProgramsInTheOrderOfTheirStart) {

@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QRect>
 #include <QString>
 
 #include <xcb/xcb.h>
 
-namespace pimloft::bench {
+namespace pimloft::test {
 
 /// The plainest possible tray: takes icons in and knows at once when one comes. One thread.
 class TrayHost {
 public:
+    /// Where it is on the screen, native pixels; an icon fills it.
+    static constexpr QRect frame{1560, 4, 24, 24};
+
     explicit TrayHost(const QString &display);
     ~TrayHost();
     TrayHost(const TrayHost &) = delete;
@@ -28,4 +32,4 @@ private:
     bool hasIcon_ = false;
 };
 
-}  // namespace pimloft::bench
+}  // namespace pimloft::test

@@ -1,19 +1,21 @@
 // SPDX-License-Identifier: MIT
-#include "tray_host.h"
+#include "desktop/support/tray_host.h"
 
 #include <cstdlib>
 #include <cstring>
 #include <memory>
 
-namespace pimloft::bench {
+namespace pimloft::test {
 
 TrayHost::TrayHost(const QString &display)
     : connection_(xcb_connect(display.toLatin1().constData(), nullptr)) {
     xcb_screen_t *screen = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data;
     window_ = xcb_generate_id(connection_);
-    const std::uint32_t events = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
-    xcb_create_window(connection_, XCB_COPY_FROM_PARENT, window_, screen->root, 0, 0, 64, 32, 0,
-                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &events);
+    const std::uint32_t values[] = {true, XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY};
+    xcb_create_window(connection_, XCB_COPY_FROM_PARENT, window_, screen->root, std::int16_t(frame.x()),
+                      std::int16_t(frame.y()), std::uint16_t(frame.width()), std::uint16_t(frame.height()), 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+                      XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values);
     xcb_map_window(connection_, window_);
     const xcb_atom_t tray = atom("_NET_SYSTEM_TRAY_S0");
     xcb_set_selection_owner(connection_, window_, tray, XCB_CURRENT_TIME);
@@ -43,6 +45,8 @@ xcb_atom_t TrayHost::atom(const char *name) const {
 
 void TrayHost::takeIn(xcb_window_t icon) {
     xcb_reparent_window(connection_, icon, window_, 0, 0);
+    const std::uint32_t size[] = {std::uint32_t(frame.width()), std::uint32_t(frame.height())};
+    xcb_configure_window(connection_, icon, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, size);
     xcb_map_window(connection_, icon);
     xcb_flush(connection_);
     hasIcon_ = true;
@@ -65,4 +69,4 @@ void TrayHost::forgetIcon() {
     hasIcon_ = false;
 }
 
-}  // namespace pimloft::bench
+}  // namespace pimloft::test
