@@ -27,6 +27,14 @@ QPalette menuPalette(const ThemeColors &colors) {
     return palette;
 }
 
+/// The findings begin with what everything else depends on, so the first refusal is the reason of the others.
+QString firstObstacle(DiagnosisService &diagnosis) {
+    for (const Finding &finding : diagnosis.findings())
+        if (!finding.granted)
+            return finding.detail;
+    return {};
+}
+
 }  // namespace
 
 TrayIcon::TrayIcon(AppState &appState, AccessibilityManager &accessibility, DiagnosisService &diagnosis,
@@ -68,12 +76,9 @@ void TrayIcon::draw() {
 }
 
 void TrayIcon::describe() {
-    QStringList lines{QStringLiteral("Pimloft")};
-    if (!accessibility_.isAccessibilityGranted())
-        for (const Finding &finding : diagnosis_.findings())
-            if (!finding.granted)
-                lines << finding.detail;
-    icon_->setToolTip(lines.join(QLatin1Char('\n')));
+    const QString name = QStringLiteral("Pimloft");
+    const QString obstacle = accessibility_.isAccessibilityGranted() ? QString() : firstObstacle(diagnosis_);
+    icon_->setToolTip(obstacle.isEmpty() ? name : name + QLatin1Char('\n') + obstacle);
 }
 
 QRect TrayIcon::geometry() const {

@@ -3,7 +3,7 @@
 
 #include "platform/displays/displays.h"
 
-#include "print_rect.h"
+#include "support/qt_printers.h"
 
 #include <gtest/gtest.h>
 
