@@ -110,11 +110,11 @@ TEST_F(LinuxAppearanceTest, followsTheThemeOfTheSettings) {
 
 TEST_F(LinuxAppearanceTest, knowsSettingsThatWereThereBefore) {
     publish("Net/ThemeName \"Adwaita-dark\"\n");
-    EXPECT_TRUE(waitUntil([this] {
-        watch();
-        return appearance_->isDark();
-    }));
-    EXPECT_EQ(changes_, 0);
+    watch();
+    ASSERT_TRUE(becomes(true) && isTold(1));
+    watch();
+    EXPECT_TRUE(appearance_->isDark());
+    EXPECT_EQ(changes_, 1);
 }
 
 TEST_F(LinuxAppearanceTest, isLightAgainWhenTheSettingsGoAway) {
