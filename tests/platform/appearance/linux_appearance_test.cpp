@@ -111,10 +111,13 @@ TEST_F(LinuxAppearanceTest, followsTheThemeOfTheSettings) {
 TEST_F(LinuxAppearanceTest, knowsSettingsThatWereThereBefore) {
     publish("Net/ThemeName \"Adwaita-dark\"\n");
     watch();
-    ASSERT_TRUE(becomes(true) && isTold(1));
+    ASSERT_TRUE(becomes(true));
+    appearance_.reset();
+    changes_ = 0;
     watch();
     EXPECT_TRUE(appearance_->isDark());
-    EXPECT_EQ(changes_, 1);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(changes_, 0);
 }
 
 TEST_F(LinuxAppearanceTest, isLightAgainWhenTheSettingsGoAway) {
