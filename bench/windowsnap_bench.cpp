@@ -56,5 +56,3 @@ BENCHMARK(handleADragEvent);
 
 }  // namespace
 }  // namespace pimloft
-
-BENCHMARK_MAIN();

@@ -36,14 +36,31 @@ until_true() {
     done
 }
 
-# What a server says about itself when it is up.
+# What the server that was spawned last says about itself when it is up; fails when it ends before.
 first_answer() {
     local line
-    read -rt 20 line <>"$desktop_home/answer" || {
-        echo "The demo desktop does not come up (see $desktop_home/log)" >&2
-        return 1
-    }
-    echo "$line"
+    while kill -0 "$spawned" 2>/dev/null; do
+        if read -rt 0.5 line <>"$desktop_home/answer"; then
+            echo "$line"
+            return
+        fi
+    done
+    return 1
+}
+
+# Two servers that look for a free display at the same moment can end up with none.
+start_server() {
+    local attempt number
+    for attempt in 1 2 3 4 5; do
+        spawn Xvfb -displayfd 3 -screen 0 "$1x24" -nolisten tcp -noreset 3<>"$desktop_home/answer"
+        if number=$(first_answer); then
+            export DISPLAY=:$number
+            return
+        fi
+    done
+    tail -n 5 "$desktop_home/log" >&2
+    echo "There is no virtual display to be had, after $attempt attempts" >&2
+    return 1
 }
 
 desktop_end() {
@@ -57,6 +74,7 @@ desktop_end() {
         wait "$pid" 2>/dev/null || true
     done
     desktop_pids=()
+    compositor_pid='' settings_pid='' panel_pid='' manager_pid=''
     [ -z "$desktop_home" ] || rm -rf "$desktop_home"
     desktop_home=
 }
@@ -206,9 +224,7 @@ desktop_start() {
         >"$XDG_CONFIG_HOME/gtk-3.0/gtk.css"
 
     mkfifo "$desktop_home/answer"
-    spawn Xvfb -displayfd 3 -screen 0 "$1x24" -nolisten tcp -noreset 3<>"$desktop_home/answer"
-    DISPLAY=:$(first_answer)
-    export DISPLAY
+    start_server "$1"
     spawn dbus-daemon --session --nofork --print-address=3 3<>"$desktop_home/answer"
     DBUS_SESSION_BUS_ADDRESS=$(first_answer)
     export DBUS_SESSION_BUS_ADDRESS
@@ -228,11 +244,11 @@ desktop_start() {
 desktop_programs() {
     local background='#fbfbfd' foreground='#26262a'
     [ "$1" = dark ] && background='#1a1b20' foreground='#dcdce2'
-    cd "$HOME"
+    pushd "$HOME" >/dev/null || return
     spawn xterm -T Terminal -fa 'DejaVu Sans Mono' -fs $((10 * desktop_scale)) -bg "$background" -fg "$foreground" \
         -b $((8 * desktop_scale)) -geometry "72x18+$((90 * desktop_scale))+$((110 * desktop_scale))" \
         -e bash --rcfile "$HOME/.bashrc" -i
     spawn thunar --daemon
     spawn thunar "$HOME/Documents"
-    cd - >/dev/null
+    popd >/dev/null || return
 }

@@ -142,7 +142,10 @@ QSize XDesktop::sizeIncrement(xcb_window_t window) const {
 
 QPoint XDesktop::titleBar(xcb_window_t window) const {
     const QRect frame = visibleFrame(window);
-    return {frame.center().x(), frame.top() + 10};
+    // A title bar that the program draws itself counts as part of its content.
+    constexpr int usualHeight = 30;
+    const auto height = int(extents(window, "_NET_FRAME_EXTENTS")[2]);
+    return {frame.center().x(), frame.top() + (height ? height : usualHeight) / 2};
 }
 
 void XDesktop::send(xcb_window_t window, const char *type, const std::vector<std::uint32_t> &data) {
