@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTranslator>
 
@@ -58,11 +59,17 @@ protected:
         qApp->setLayoutDirection(Qt::LeftToRight);
     }
 
-    /// Waits until the window is drawn, keeps the picture and answers it.
+    /// Waits until the window has drawn nothing new for so many milliseconds: every motion is at its end.
+    static void waitForRest(QQuickWindow *window, int milliseconds) {
+        QSignalSpy frames(window, &QQuickWindow::frameSwapped);
+        while (frames.wait(milliseconds)) {
+        }
+    }
+
+    /// Waits until the window is drawn and still, keeps the picture and answers it.
     static QImage picture(QQuickWindow *window, const QString &name) {
         EXPECT_TRUE(QTest::qWaitForWindowExposed(window));
-        // Twice the time of the longest motion, so that the picture shows where it ends.
-        QTest::qWait(350);
+        waitForRest(window, 100);
         const QRect frame = window->frameGeometry().adjusted(-12, -12, 12, 12);
         const QImage image =
             window->screen()->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height()).toImage();
@@ -126,7 +133,8 @@ TEST_P(Screens, refusedShortcut) {
         const QQuickItem *item = test::named(window, line.mid(role.size()));
         QTest::mouseMove(window, item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint());
     }
-    QTest::qWait(700);
+    // The hint comes after a while.
+    waitForRest(window, 700);
     EXPECT_GE(colours(picture(window, QStringLiteral("windowsnap-refused"))), 50);
 }
 
