@@ -15,8 +15,7 @@ PopoverFrame {
 
     Header {
         Layout.fillWidth: true
-        symbol: "square.on.square"
-        title: qsTr("Pimloft")
+        title: "Pimloft"
 
         SymbolButton {
             symbol: "gear"

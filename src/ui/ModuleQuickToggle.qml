@@ -40,18 +40,19 @@ T.Switch {
             lit: row.checked
         }
         Label {
+            Layout.fillWidth: true
+            Layout.maximumWidth: Math.ceil(implicitWidth)
             text: row.text
-            Layout.fillWidth: !row.badge
             silent: true
         }
         Badge {
             text: row.badge
             visible: row.badge.length > 0
         }
+        // The switch stands on the end of this place.
         Item {
-            Layout.fillWidth: row.badge.length > 0
-            // The switch stands on this place.
-            implicitWidth: row.indicator.implicitWidth
+            Layout.fillWidth: true
+            Layout.minimumWidth: row.indicator.implicitWidth
         }
     }
 

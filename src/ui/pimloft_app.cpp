@@ -5,12 +5,13 @@
 #include "app/app_state.h"
 #include "app/process.h"
 #include "app/settings_manager.h"
+#include "ui/kit/brand_mark.h"
 #include "ui/kit/theme.h"
 #include "ui/quick_view_host.h"
 #include "ui/screen_space.h"
 
-#include <QCoreApplication>
 #include <QCursor>
+#include <QGuiApplication>
 
 namespace pimloft {
 
@@ -29,6 +30,7 @@ PimloftApp::PimloftApp(Process &process, AppState &appState, QuickViewHost &view
       popover_(appState, AccessibilityManager::shared(), views.engine(), process.platform().panels,
                process.platform().displays),
       tray_(appState, AccessibilityManager::shared(), process.platform().diagnosis, Theme::shared()) {
+    QGuiApplication::setWindowIcon(brandIcon());
     connect(&tray_, &TrayIcon::clicked, this, &PimloftApp::trayClicked);
     connect(&tray_, &TrayIcon::openRequested, this, &PimloftApp::openPopover);
     connect(&tray_, &TrayIcon::settingsRequested, this, &PimloftApp::openSettings);

@@ -27,6 +27,8 @@ public:
     /// Opens the settings window or brings it to the front.
     void openSettings();
 
+    const TrayIcon &tray() const { return tray_; }
+
 private:
     void trayClicked();
     QRectF anchor() const;

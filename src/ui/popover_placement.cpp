@@ -10,7 +10,7 @@ namespace pimloft {
 
 namespace {
 
-/// Points between the anchor and the popover.
+/// Points between the popover and its anchor, and the edges of the visible frame.
 constexpr double gap = 6;
 
 double distance(QPointF point, const QRectF &rect) {
@@ -23,16 +23,17 @@ double distance(QPointF point, const QRectF &rect) {
 
 QRectF popoverFrame(QSizeF size, const QRectF &anchor, const Display &display) {
     const QRectF &visible = display.visibleFrame;
+    const QRectF room = visible.adjusted(gap, gap, -gap, -gap);
     double x = midX(anchor) - size.width() / 2;
     double y = midY(anchor) > midY(display.frame) ? minY(anchor) - gap - size.height() : maxY(anchor) + gap;
     const bool inSideBar = maxX(anchor) <= minX(visible) || minX(anchor) >= maxX(visible);
     if (inSideBar) {
-        x = midX(anchor) < midX(visible) ? minX(visible) + gap : maxX(visible) - gap - size.width();
+        x = midX(anchor) < midX(visible) ? minX(room) : maxX(room) - size.width();
         y = maxY(anchor) - size.height();
     }
     // Where it does not fit at all, its top left corner is what stays in view.
-    x = std::max(std::min(x, maxX(visible) - size.width()), minX(visible));
-    y = std::min(std::max(y, minY(visible)), maxY(visible) - size.height());
+    x = std::max(std::min(x, maxX(room) - size.width()), minX(room));
+    y = std::min(std::max(y, minY(room)), maxY(room) - size.height());
     return {x, y, size.width(), size.height()};
 }
 

@@ -27,6 +27,14 @@ QPalette menuPalette(const ThemeColors &colors) {
     return palette;
 }
 
+/// The findings begin with what everything else depends on, so the first refusal is the reason of the others.
+QString firstObstacle(DiagnosisService &diagnosis) {
+    for (const Finding &finding : diagnosis.findings())
+        if (!finding.granted)
+            return finding.detail;
+    return {};
+}
+
 }  // namespace
 
 TrayIcon::TrayIcon(AppState &appState, AccessibilityManager &accessibility, DiagnosisService &diagnosis,
@@ -64,15 +72,13 @@ void TrayIcon::draw() {
     halo.setAlphaF(0.6F);
     icon_->setIcon(symbolIcon(appState_.menuBarIcon(), colors.text, halo));
     menu_->setPalette(menuPalette(colors));
+    menu_->setFont(theme_.body());
 }
 
 void TrayIcon::describe() {
-    QStringList lines{QStringLiteral("Pimloft")};
-    if (!accessibility_.isAccessibilityGranted())
-        for (const Finding &finding : diagnosis_.findings())
-            if (!finding.granted)
-                lines << finding.detail;
-    icon_->setToolTip(lines.join(QLatin1Char('\n')));
+    const QString name = QStringLiteral("Pimloft");
+    const QString obstacle = accessibility_.isAccessibilityGranted() ? QString() : firstObstacle(diagnosis_);
+    icon_->setToolTip(obstacle.isEmpty() ? name : name + QLatin1Char('\n') + obstacle);
 }
 
 QRect TrayIcon::geometry() const {

@@ -3,7 +3,7 @@
 
 #include "platform/displays/displays.h"
 
-#include "print_rect.h"
+#include "support/qt_printers.h"
 
 #include <gtest/gtest.h>
 
@@ -38,23 +38,23 @@ const QRectF rightBar(0, 0, 1560, 1000);
 
 INSTANTIATE_TEST_SUITE_P(
     Ui, PopoverPlacement,
-    testing::Values(Case{"belowAnIconInATopBar", topBar, {800, 977, 22, 22}, {661, 571, 300, 400}},
-                    Case{"withinTheRightEdge", topBar, {1570, 977, 22, 22}, {1300, 571, 300, 400}},
-                    Case{"withinTheLeftEdge", topBar, {5, 977, 22, 22}, {0, 571, 300, 400}},
-                    Case{"aboveAnIconInABottomBar", bottomBar, {800, 1, 22, 22}, {661, 29, 300, 400}},
+    testing::Values(Case{"belowAnIconInATopBar", topBar, {800, 977, 22, 22}, {661, 570, 300, 400}},
+                    Case{"withinTheRightEdge", topBar, {1570, 977, 22, 22}, {1294, 570, 300, 400}},
+                    Case{"withinTheLeftEdge", topBar, {5, 977, 22, 22}, {6, 570, 300, 400}},
+                    Case{"aboveAnIconInABottomBar", bottomBar, {800, 1, 22, 22}, {661, 30, 300, 400}},
                     Case{"besideAnIconInALeftBar", leftBar, {9, 700, 22, 22}, {46, 322, 300, 400}},
                     Case{"besideAnIconInARightBar", rightBar, {1569, 700, 22, 22}, {1254, 322, 300, 400}},
-                    Case{"besideAndWithinTheBottomEdge", leftBar, {9, 10, 22, 22}, {46, 0, 300, 400}},
+                    Case{"besideAndWithinTheBottomEdge", leftBar, {9, 10, 22, 22}, {46, 6, 300, 400}},
                     Case{"belowAPointerInTheMiddle", topBar, {800, 600, 1, 1}, {650.5, 194, 300, 400}},
                     Case{"withTheTopLeftCornerInViewWhenNothingElseFits",
                          {100, 700, 200, 250},
                          {150, 960, 22, 22},
-                         {100, 550, 300, 400}}),
+                         {106, 544, 300, 400}}),
     [](const testing::TestParamInfo<Case> &info) { return std::string(info.param.name); });
 
 TEST(PopoverPlacement, staysOnTheDisplayOfItsAnchor) {
     const QRectF left(-1200, 100, 1200, 900);
-    EXPECT_EQ(popoverFrame(size, QRectF(-30, 975, 22, 22), display(left, left)), QRectF(-300, 569, 300, 400));
+    EXPECT_EQ(popoverFrame(size, QRectF(-30, 975, 22, 22), display(left, left)), QRectF(-306, 569, 300, 400));
 }
 
 TEST(PopoverPlacement, aPointBelongsToItsDisplayElseToTheNearest) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/screen_space.h"
 
-#include "print_rect.h"
+#include "support/qt_printers.h"
 
 #include <gtest/gtest.h>
 

@@ -4,6 +4,7 @@
 #include "plain_panels.h"
 #include "support/desktop_session.h"
 
+#include "app/hotkey_manager.h"
 #include "finderfix/finder_fix_module.h"
 #include "ui/general_settings.h"
 #include "ui/popover_controller.h"
@@ -12,6 +13,7 @@
 #include <QDir>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTranslator>
 
@@ -57,11 +59,17 @@ protected:
         qApp->setLayoutDirection(Qt::LeftToRight);
     }
 
-    /// Waits until the window is drawn, keeps the picture and answers it.
+    /// Waits until the window has drawn nothing new for so many milliseconds: every motion is at its end.
+    static void waitForRest(QQuickWindow *window, int milliseconds) {
+        QSignalSpy frames(window, &QQuickWindow::frameSwapped);
+        while (frames.wait(milliseconds)) {
+        }
+    }
+
+    /// Waits until the window is drawn and still, keeps the picture and answers it.
     static QImage picture(QQuickWindow *window, const QString &name) {
         EXPECT_TRUE(QTest::qWaitForWindowExposed(window));
-        // Twice the time of the longest motion, so that the picture shows where it ends.
-        QTest::qWait(350);
+        waitForRest(window, 100);
         const QRect frame = window->frameGeometry().adjusted(-12, -12, 12, 12);
         const QImage image =
             window->screen()->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height()).toImage();
@@ -106,6 +114,37 @@ TEST_P(Screens, settings) {
     test::type(window, Qt::Key_Tab);
     window->resize(window->minimumSize());
     EXPECT_GE(colours(picture(window, QStringLiteral("general-small"))), 50);
+}
+
+TEST_P(Screens, refusedShortcut) {
+    using enum CarbonModifiers;
+    session.desktop.hotkeys.take(Key::upArrow, control | command);
+    HotkeyManager::shared().registerHotkey(Key::upArrow, control | command, [] {});
+    GeneralSettings general(session.settings(), session.accessibility(), session.desktop.workspace);
+    SettingsWindow settings(session.views(), general.page(), session.appState().allModules());
+    settings.select(1);
+    settings.open();
+    QQuickWindow *window = test::shownWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+    const QString role = QStringLiteral("list item: ");
+    for (const QString &line : test::spoken(window)) {
+        if (!line.startsWith(role) || !line.contains(QStringLiteral("^+^+↑")))
+            continue;
+        const QQuickItem *item = test::named(window, line.mid(role.size()));
+        QTest::mouseMove(window, item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint());
+    }
+    // The hint comes after a while.
+    waitForRest(window, 700);
+    EXPECT_GE(colours(picture(window, QStringLiteral("windowsnap-refused"))), 50);
+}
+
+TEST_P(Screens, gallery) {
+    const auto window =
+        session.views().makeWindow({.title = QStringLiteral("Controls"),
+                                    .contentSize = QSize(560, 640),
+                                    .page = {QUrl(QStringLiteral("qrc:/tests/Gallery.qml")), {}}});
+    window->present();
+    EXPECT_GE(colours(picture(test::shownWindow(), QStringLiteral("gallery"))), 50);
 }
 
 TEST_P(Screens, popover) {

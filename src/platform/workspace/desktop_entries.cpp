@@ -69,7 +69,6 @@ DesktopEntry describe(GAppInfo *info) {
             .isHidden = g_desktop_app_info_get_nodisplay(desktop) != 0};
 }
 
-/// Of entries with one name or program the one in the menus counts, then the one with the plainest id.
 bool comesFirst(const DesktopEntry &a, const DesktopEntry &b) {
     if (a.isHidden != b.isHidden)
         return !a.isHidden;
@@ -78,72 +77,44 @@ bool comesFirst(const DesktopEntry &a, const DesktopEntry &b) {
     return a.id < b.id;
 }
 
-}  // namespace
-
-/// Tells of changes for as long as it lives.
-struct DesktopEntries::Monitor {
-    explicit Monitor(DesktopEntries &owner) : entries(owner) {
-        handler = g_signal_connect(monitor, "changed", G_CALLBACK(&Monitor::changed), this);
-    }
-    ~Monitor() {
-        g_signal_handler_disconnect(monitor, handler);
-        g_object_unref(monitor);
-    }
-
-    static void changed(GAppInfoMonitor *, gpointer data) {
-        DesktopEntries &entries = static_cast<Monitor *>(data)->entries;
-        entries.isRead_ = false;
-        if (entries.onChanged)
-            entries.onChanged();
-    }
-
-    DesktopEntries &entries;
-    GAppInfoMonitor *monitor = g_app_info_monitor_get();
-    gulong handler = 0;
-};
-
-DesktopEntries::DesktopEntries() = default;
-DesktopEntries::~DesktopEntries() = default;
-
-void DesktopEntries::read() {
-    if (!monitor_)
-        monitor_ = std::make_unique<Monitor>(*this);
-    entries_.clear();
+std::vector<DesktopEntry> installedEntries() {
+    std::vector<DesktopEntry> entries;
     GList *all = g_app_info_get_all();
     for (GList *each = all; each; each = each->next)
         if (G_IS_DESKTOP_APP_INFO(each->data))
-            entries_.push_back(describe(G_APP_INFO(each->data)));
+            entries.push_back(describe(G_APP_INFO(each->data)));
     g_list_free_full(all, g_object_unref);
-    std::sort(entries_.begin(), entries_.end(), comesFirst);
-
-    for (auto *index : {&byId_, &byLastPart_, &byStartupClass_, &byExecutable_})
-        index->clear();
-    for (int position = 0; position < int(entries_.size()); ++position)
-        addToIndex(entries_[std::size_t(position)], position);
-    isRead_ = true;
+    return entries;
 }
 
-void DesktopEntries::addToIndex(const DesktopEntry &entry, int position) {
-    const auto add = [position](QHash<QString, int> &index, const QString &key) {
+}  // namespace
+
+DesktopEntryIndex::DesktopEntryIndex(std::vector<DesktopEntry> entries) : entries_(std::move(entries)) {
+    std::sort(entries_.begin(), entries_.end(), comesFirst);
+    for (int position = 0; position < int(entries_.size()); ++position)
+        add(entries_[std::size_t(position)], position);
+}
+
+void DesktopEntryIndex::add(const DesktopEntry &entry, int position) {
+    const auto insert = [position](QHash<QString, int> &index, const QString &key) {
         if (!key.isEmpty() && !index.contains(key.toLower()))
             index.insert(key.toLower(), position);
     };
-    add(byId_, entry.id);
+    insert(byId_, entry.id);
     if (entry.id.contains(u'.'))
-        add(byLastPart_, entry.id.section(u'.', -1));
-    add(byStartupClass_, entry.startupClass);
-    add(byExecutable_, entry.executable);
+        insert(byLastPart_, entry.id.section(u'.', -1));
+    insert(byStartupClass_, entry.startupClass);
+    insert(byExecutable_, entry.executable);
 }
 
-std::optional<DesktopEntry> DesktopEntries::find(const QHash<QString, int> &index, const QString &key) const {
+std::optional<DesktopEntry> DesktopEntryIndex::find(const QHash<QString, int> &index,
+                                                    const QString &key) const {
     const auto found = index.find(key.toLower());
     return key.isEmpty() || found == index.end() ? std::nullopt
                                                  : std::optional(entries_[std::size_t(*found)]);
 }
 
-std::optional<DesktopEntry> DesktopEntries::match(const ProgramTraits &traits) {
-    if (!isRead_)
-        read();
+std::optional<DesktopEntry> DesktopEntryIndex::match(const ProgramTraits &traits) const {
     const struct {
         const QHash<QString, int> &index;
         QString key;
@@ -162,6 +133,61 @@ std::optional<DesktopEntry> DesktopEntries::match(const ProgramTraits &traits) {
         if (const auto entry = find(step.index, step.key))
             return entry;
     return std::nullopt;
+}
+
+/// Tells of changes for as long as it lives.
+struct DesktopEntries::Monitor {
+    explicit Monitor(DesktopEntries &owner) : entries(owner) {
+        handler = g_signal_connect(monitor, "changed", G_CALLBACK(&Monitor::changed), this);
+    }
+    ~Monitor() {
+        g_signal_handler_disconnect(monitor, handler);
+        g_object_unref(monitor);
+    }
+
+    static void changed(GAppInfoMonitor *, gpointer data) { static_cast<Monitor *>(data)->entries.read(); }
+
+    DesktopEntries &entries;
+    GAppInfoMonitor *monitor = g_app_info_monitor_get();
+    gulong handler = 0;
+};
+
+DesktopEntries::DesktopEntries() = default;
+
+DesktopEntries::~DesktopEntries() {
+    if (reader_.joinable())
+        reader_.join();
+}
+
+std::optional<DesktopEntry> DesktopEntries::match(const ProgramTraits &traits) {
+    if (!monitor_) {
+        monitor_ = std::make_unique<Monitor>(*this);
+        read();
+    }
+    return index_.match(traits);
+}
+
+void DesktopEntries::read() {
+    isOutdated_ = isReading_;
+    if (isReading_)
+        return;
+    isReading_ = true;
+    if (reader_.joinable())
+        reader_.join();
+    reader_ = std::thread([this] {
+        QMetaObject::invokeMethod(
+            &receiver_, [this, index = DesktopEntryIndex(installedEntries())] { take(index); },
+            Qt::QueuedConnection);
+    });
+}
+
+void DesktopEntries::take(DesktopEntryIndex index) {
+    index_ = std::move(index);
+    isReading_ = false;
+    if (isOutdated_)
+        read();
+    if (onChanged)
+        onChanged();
 }
 
 }  // namespace pimloft

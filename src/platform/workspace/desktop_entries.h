@@ -4,11 +4,13 @@
 #include "platform/workspace/program_traits.h"
 
 #include <QHash>
+#include <QObject>
 #include <QStringList>
 
 #include <functional>
 #include <memory>
 #include <optional>
+#include <thread>
 #include <vector>
 
 namespace pimloft {
@@ -25,9 +27,31 @@ struct DesktopEntry {
     bool isHidden = false;  ///< not in the menus
 };
 
+/// The entries of one moment, ready to be searched. Never changes; any thread.
+class DesktopEntryIndex {
+public:
+    /// Of entries with one name or program the one in the menus counts, then the one with the plainest id.
+    explicit DesktopEntryIndex(std::vector<DesktopEntry> entries);
+
+    /// What the program itself says counts more than names that merely agree.
+    std::optional<DesktopEntry> match(const ProgramTraits &traits) const;
+
+private:
+    void add(const DesktopEntry &entry, int position);
+    std::optional<DesktopEntry> find(const QHash<QString, int> &index, const QString &key) const;
+
+    std::vector<DesktopEntry> entries_;
+    // Keys are in lower case.
+    QHash<QString, int> byId_;
+    QHash<QString, int> byLastPart_;  ///< of "org.gnome.Nautilus": "nautilus"
+    QHash<QString, int> byStartupClass_;
+    QHash<QString, int> byExecutable_;
+};
+
 /// The programs that are installed on this desktop. Main thread.
 ///
-/// The entries are read when they are first asked for, and again after a program was installed or removed.
+/// A desktop has hundreds of entries: they are read on a thread of their own, when they are first asked for
+/// and after a program was installed or removed. Until then the answers are those of before.
 class DesktopEntries {
 public:
     DesktopEntries();
@@ -35,27 +59,23 @@ public:
     DesktopEntries(const DesktopEntries &) = delete;
     DesktopEntries &operator=(const DesktopEntries &) = delete;
 
-    /// The entry that a running program belongs to. What the program itself says counts more than names that
-    /// merely agree, and an entry of the menus more than a hidden one.
+    /// The entry that a running program belongs to.
     std::optional<DesktopEntry> match(const ProgramTraits &traits);
 
-    /// Called from the event loop when earlier answers may be wrong.
+    /// Called from the event loop when the entries have been read, and earlier answers may be wrong.
     std::function<void()> onChanged;
 
 private:
     void read();
-    void addToIndex(const DesktopEntry &entry, int position);
-    std::optional<DesktopEntry> find(const QHash<QString, int> &index, const QString &key) const;
+    void take(DesktopEntryIndex index);
 
     struct Monitor;
     std::unique_ptr<Monitor> monitor_;
-    std::vector<DesktopEntry> entries_;
-    // Keys are in lower case; of several entries with one key the first counts.
-    QHash<QString, int> byId_;
-    QHash<QString, int> byLastPart_;  ///< of "org.gnome.Nautilus": "nautilus"
-    QHash<QString, int> byStartupClass_;
-    QHash<QString, int> byExecutable_;
-    bool isRead_ = false;
+    DesktopEntryIndex index_{{}};
+    QObject receiver_;  ///< of what the thread has read
+    std::thread reader_;
+    bool isReading_ = false;
+    bool isOutdated_ = false;  ///< there was a change while they were read
 };
 
 }  // namespace pimloft

@@ -7,14 +7,14 @@ import Pimloft.Kit
 RowLayout {
     id: header
 
-    property string symbol
     property string title
     default property alias actions: trailing.data
 
     spacing: Theme.unit * 2.5
 
-    Mark {
-        symbol: header.symbol
+    BrandMark {
+        implicitWidth: Theme.controlHeight + Theme.unit
+        implicitHeight: implicitWidth
     }
     Label {
         Layout.fillWidth: true

@@ -59,8 +59,8 @@ Rectangle {
 
                 text: modelData.title
                 symbol: modelData.symbol
-                selected: index === sidebar.selected
-                focused: selected && sidebar.activeFocus
+                selected: item.index === sidebar.selected
+                focused: item.selected && sidebar.activeFocus
                 onClicked: sidebar.picked(item.index)
             }
         }

@@ -95,7 +95,10 @@ TEST_F(Placement, ofATerminalStandsExactlyAndIsAsLargeAsItsCharactersAllow) {
     const auto reference = startXterm();
     for (const QRect &target : targets) {
         windows.place(reference, target);
-        EXPECT_TRUE(waitUntil([&] { return windows.size(reference) == client.visibleFrame(window).size(); }));
+        EXPECT_TRUE(waitUntil([&] {
+            const QRect now = client.visibleFrame(window);
+            return windows.position(reference) == now.topLeft() && windows.size(reference) == now.size();
+        }));
         const QRect frame = client.visibleFrame(window);
         EXPECT_EQ(frame.topLeft(), target.topLeft()) << text(frame);
         if (!isOpenbox()) {  // which keeps the increments

@@ -72,7 +72,9 @@ TEST_F(X11WorkspaceTest, followsTheProgramInFront) {
 TEST_F(X11WorkspaceTest, takesAFileManagerForTheFinder) {
     const auto thunar = currentSession().start(QStringLiteral("thunar"));
     EXPECT_TRUE(frontmostBecomes("com.apple.finder"));
-    EXPECT_EQ(workspace_.frontmostApplication()->name, QStringLiteral("Thunar File Manager"));
+    const auto name = [this] { return workspace_.frontmostApplication().value_or(Application{}).name; };
+    EXPECT_TRUE(waitUntil([&] { return name() == QStringLiteral("Thunar File Manager"); }))
+        << "once the desktop entries have been read";
 }
 
 TEST_F(X11WorkspaceTest, tellsNoChangeWhileOneProgramStaysInFront) {
