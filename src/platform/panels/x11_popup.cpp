@@ -20,8 +20,7 @@ constexpr std::uint32_t rightButton = 3;
 
 X11Popup::X11Popup(X11Panels &panels, std::unique_ptr<QWindow> content)
     : X11Panel(panels, std::move(content), {}),
-      presses_(panels.desktop_.input.watch(
-          [this](const X11RawInput::Event &event) { handlePress(event.detail); })) {
+      presses_(panels.desktop_.input.watch([this](const X11RawInput::Event &event) { handlePress(event); })) {
     idle_.setSingleShot(true);
     idle_.setInterval(panels.idle_);
     idle_.callOnTimeout(this, [this] { dismiss(Dismissal::idle); });
@@ -51,6 +50,8 @@ bool X11Popup::show(const QRectF &frame) {
         return false;
     }
     presses_->want(X11RawInput::buttonPress);
+    // The click that opened it is no click away from it.
+    shown_ = panels_.desktop_.input.now();
     idle_.start();
     return true;
 }
@@ -111,8 +112,9 @@ void X11Popup::dismiss(Dismissal reason) {
         Qt::QueuedConnection);
 }
 
-void X11Popup::handlePress(std::uint32_t button) {
-    if (!typing_ || (button != leftButton && button != rightButton))
+void X11Popup::handlePress(const X11RawInput::Event &press) {
+    const bool isClick = press.detail == leftButton || press.detail == rightButton;
+    if (!typing_ || !isClick || press.isBefore(shown_))
         return;
     if (isOurs(panels_.desktop_.input.pointer().toplevel))
         idle_.start();

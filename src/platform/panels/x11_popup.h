@@ -29,7 +29,7 @@ private:
     bool takeKeyboard();
     void endWatches();
     void dismiss(Dismissal reason);
-    void handlePress(std::uint32_t button);
+    void handlePress(const X11RawInput::Event &press);
     bool isOurs(xcb_window_t toplevel);
     bool nativeEventFilter(const QByteArray &type, void *message, qintptr *result) override;
     bool eventFilter(QObject *content, QEvent *event) override;
@@ -38,6 +38,7 @@ private:
     QTimer idle_;
     xcb_window_t activeWindow_ = XCB_NONE;  ///< when it was shown
     std::uint32_t grabbed_ = 0;             ///< the number of a request after the grab's
+    std::uint32_t shown_ = 0;               ///< earlier events are not about what is shown now
     bool typing_ = false;
     bool takesClicks_ = true;
     bool isCut_ = false;

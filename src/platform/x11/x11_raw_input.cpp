@@ -71,6 +71,13 @@ void X11RawInput::select() {
     xcb_flush(session_.connection());
 }
 
+std::uint32_t X11RawInput::now() const {
+    const auto cookie = xcb_get_input_focus(session_.connection());
+    const XcbReply<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(session_.connection(), cookie, nullptr));
+    return cookie.sequence;
+}
+
 X11RawInput::Pointer X11RawInput::pointer() const {
     const XcbReply<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(
         session_.connection(), xcb_query_pointer(session_.connection(), session_.root()), nullptr));
@@ -93,7 +100,7 @@ void X11RawInput::handle(const xcb_generic_event_t &event) {
             const std::uint32_t key = interest->first;
             if (interest->second.kinds & each.kind) {
                 const Handler call = interest->second.handler;
-                call({each.kind, raw.detail, raw.time});
+                call({each.kind, raw.detail, raw.time, raw.full_sequence});
             }
             interest = interests_.upper_bound(key);
         }

@@ -28,6 +28,10 @@ public:
         Kind kind;
         std::uint32_t detail;  ///< key code, or the button as it is numbered on the device
         xcb_timestamp_t time;
+        std::uint32_t request;  ///< our last request that the server had carried out by then
+
+        /// Whether it happened before `mark` was answered by now().
+        bool isBefore(std::uint32_t mark) const { return std::int32_t(request - mark) < 0; }
     };
     using Handler = std::function<void(const Event &)>;
 
@@ -53,6 +57,10 @@ public:
 
     /// Wants nothing at first. The handler may destroy its own watch.
     [[nodiscard]] std::unique_ptr<Watch> watch(Handler handler);
+
+    /// Marks this moment in the order of events, at the cost of a round trip: events that happened earlier
+    /// may still be under way.
+    std::uint32_t now() const;
 
     struct Pointer {
         QPoint position;        ///< native pixels of the root window
