@@ -36,11 +36,16 @@ function(pimloft_qml_library name)
     target_link_libraries(${name} PUBLIC pimloft_options ${ARG_LINK})
 endfunction()
 
-# pimloft_test(name SOURCES ... LINK ...): one test binary; each of its tests is a test of ctest.
+# pimloft_test(name SOURCES ... LINK ... [WIDGETS]): one test binary; each of its tests is a test of ctest.
+# WIDGETS for tests of what is linked to Qt Widgets.
 function(pimloft_test name)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LINK;LABELS" ${ARGN})
+    cmake_parse_arguments(ARG "WIDGETS" "" "SOURCES;LINK;LABELS" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
-    target_link_libraries(${name} PRIVATE pimloft_options pimloft_test_main ${ARG_LINK})
+    set(main pimloft_test_main)
+    if(ARG_WIDGETS)
+        set(main pimloft_widget_test_main)
+    endif()
+    target_link_libraries(${name} PRIVATE pimloft_options ${main} ${ARG_LINK})
     if(NOT ARG_LABELS)
         set(ARG_LABELS unit)
     endif()

@@ -47,13 +47,13 @@ void end(std::unique_ptr<QProcess> &process) {
     qFatal("%s", qPrintable(what));
 }
 
-/// Waits for the first line that a process prints.
+/// Waits for the first line that a process prints; empty when it ends without one.
 QByteArray firstLine(QProcess &process, const QString &name) {
     if (!process.waitForStarted())
         fail(name + QStringLiteral(" cannot be started"));
     while (!process.canReadLine())
         if (!process.waitForReadyRead(10000))
-            fail(name + QStringLiteral(" does not come up"));
+            return {};
     return process.readLine().trimmed();
 }
 
@@ -125,22 +125,36 @@ DesktopSession::~DesktopSession() {
 }
 
 void DesktopSession::startServer(const Options &options) {
-    server_ = makeProcess(environment_);
-    server_->start(QStringLiteral("Xvfb"),
-                   QStringList{QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                               QStringLiteral("0"), options.screen, QStringLiteral("-nolisten"),
-                               QStringLiteral("tcp"), QStringLiteral("-noreset")} +
-                       options.serverArguments);
-    environment_.insert(QStringLiteral("DISPLAY"),
-                        QLatin1Char(':') + QString::fromLatin1(firstLine(*server_, QStringLiteral("Xvfb"))));
+    const QStringList arguments = QStringList{QStringLiteral("-displayfd"),
+                                              QStringLiteral("1"),
+                                              QStringLiteral("-screen"),
+                                              QStringLiteral("0"),
+                                              options.screen,
+                                              QStringLiteral("-nolisten"),
+                                              QStringLiteral("tcp"),
+                                              QStringLiteral("-noreset")} +
+                                  options.serverArguments;
+    // Two servers that look for a free display at the same moment can end up with none.
+    for (int attempt = 0; attempt < 5; ++attempt) {
+        server_ = makeProcess(environment_);
+        server_->start(QStringLiteral("Xvfb"), arguments);
+        const QByteArray number = firstLine(*server_, QStringLiteral("Xvfb"));
+        if (number.isEmpty())
+            continue;
+        environment_.insert(QStringLiteral("DISPLAY"), QLatin1Char(':') + QString::fromLatin1(number));
+        return;
+    }
+    fail(QStringLiteral("Xvfb does not come up"));
 }
 
 void DesktopSession::startBus() {
     bus_ = makeProcess(environment_);
     bus_->start(QStringLiteral("dbus-daemon"), {QStringLiteral("--session"), QStringLiteral("--nofork"),
                                                 QStringLiteral("--print-address=1")});
-    environment_.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
-                        QString::fromLatin1(firstLine(*bus_, QStringLiteral("dbus-daemon"))));
+    const QByteArray address = firstLine(*bus_, QStringLiteral("dbus-daemon"));
+    if (address.isEmpty())
+        fail(QStringLiteral("dbus-daemon does not come up"));
+    environment_.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QString::fromLatin1(address));
 }
 
 std::unique_ptr<QProcess> DesktopSession::start(const QString &program, const QStringList &arguments) const {
