@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Built twice, with and without widgets: where there are widgets, Qt takes the application for a QApplication.
+// Built twice, with and without widgets: where there are widgets, Qt takes the application for a
+// QApplication.
 #ifdef QT_WIDGETS_LIB
 #include <QApplication>
 using Application = QApplication;
