@@ -114,6 +114,11 @@ void DesktopTest::dragTo(xcb_window_t window, QPoint pointer) {
     hands().glideTo(pointer, 120);
 }
 
+void DesktopTest::drop() {
+    hands().leftUp();
+    EXPECT_TRUE(waitUntil([this] { return desktop().isPointerFree(); })) << "the move does not end";
+}
+
 bool DesktopTest::overlayIs(const QRect &frame) {
     return desktop().unmanagedWindows(QStringLiteral("pimloft")) == std::vector{frame};
 }

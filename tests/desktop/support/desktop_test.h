@@ -44,7 +44,8 @@ protected:
 
     /// Takes hold of the title bar and drags it; the button stays down.
     void dragTo(xcb_window_t window, QPoint pointer);
-    void drop() { hands().leftUp(); }
+    /// Lets go, and returns when the window manager has finished the move: until then it takes key presses.
+    void drop();
 
     /// Whether the overlay is there and nowhere else.
     bool overlayIs(const QRect &frame);

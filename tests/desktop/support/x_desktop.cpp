@@ -212,6 +212,17 @@ std::vector<QRect> XDesktop::unmanagedWindows(const QString &windowClass) const 
     return found;
 }
 
+bool XDesktop::isPointerFree() const {
+    const auto cookie = xcb_grab_pointer(connection_, true, screen_->root, 0, XCB_GRAB_MODE_ASYNC,
+                                         XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE, XCB_CURRENT_TIME);
+    const auto reply = owned(xcb_grab_pointer_reply(connection_, cookie, nullptr));
+    if (!reply || reply->status != XCB_GRAB_STATUS_SUCCESS)
+        return false;
+    xcb_ungrab_pointer(connection_, XCB_CURRENT_TIME);
+    xcb_flush(connection_);
+    return true;
+}
+
 bool XDesktop::grab(int key, std::uint16_t modifiers) const {
     const auto cookie =
         xcb_grab_key_checked(connection_, false, screen_->root, modifiers, xcb_keycode_t(key + evdevOffset),

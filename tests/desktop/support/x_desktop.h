@@ -52,6 +52,9 @@ public:
     /// Windows on screen that no window manager manages, of programs of this class.
     std::vector<QRect> unmanagedWindows(const QString &windowClass) const;
 
+    /// Whether nobody holds the pointer, as a window manager does until it has finished a move.
+    bool isPointerFree() const;
+
     /// Whether some other program has this combination. Takes it for no moment that anybody could notice.
     bool isKeyTaken(int key, std::uint16_t modifiers) const;
     /// Keeps a combination for this connection, as another program with that hotkey does.
