@@ -111,7 +111,8 @@ void paintSymbol(QPainter &painter, const QString &name, const QRectF &rect, con
     QSvgRenderer *renderer = drawing(name);
     if (!renderer || rect.isEmpty())
         return;
-    const double ratio = painter.device()->devicePixelRatioF();
+    // The scene scales the painter where an icon scales its device; this is both.
+    const double ratio = std::abs(painter.deviceTransform().m11());
     const double side = std::min(rect.width(), rect.height());
     const int pixels = std::max(1, qRound(side * ratio));
     QImage image = tinted(mask(*renderer, pixels), stretched(tint, pixels));
