@@ -105,18 +105,22 @@ int start(int argc, char **argv, CommandLine::Action action) {
 
     const QString runtime = Dirs::fromEnvironment(QProcessEnvironment::systemEnvironment()).runtime;
     const QString login = qEnvironmentVariable("DISPLAY");
-    const std::unique_ptr<Instance> instance = claimInstance(runtime, login);
-    if (!instance) {
+    const auto ask = [&] {
         const auto answer = askInstance(runtime, login, instanceCommand(action));
-        if (!answer)
-            return complain(QStringLiteral("Pimloft is running but does not answer."));
-        if (!answer->isEmpty())
+        if (answer && !answer->isEmpty())
             printLine(*answer);
-        return 0;
-    }
+        return answer.has_value();
+    };
+    // Neither of these starts a program that would have to be the only one.
     if (action == CommandLine::Action::quit)
-        return complain(QStringLiteral("Pimloft is not running."));
-    return action == CommandLine::Action::doctor ? diagnose() : run(application, *instance, action);
+        return ask() ? 0 : complain(QStringLiteral("Pimloft is not running."));
+    if (action == CommandLine::Action::doctor)
+        return ask() ? 0 : diagnose();
+
+    const std::unique_ptr<Instance> instance = claimInstance(runtime, login);
+    if (instance)
+        return run(application, *instance, action);
+    return ask() ? 0 : complain(QStringLiteral("Pimloft is running but does not answer."));
 }
 
 }  // namespace
