@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "base/atomic_file.h"
 
+#include "support/full_disk.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -8,8 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 namespace pimloft {
@@ -54,22 +54,6 @@ TEST(AtomicFile, leavesNothingBesideTheFile) {
     EXPECT_EQ(QDir(root.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("file")});
 }
 
-/// No file of this process grows beyond `bytes` for as long as it lives: what is over is cut off, then
-/// refused, as on a full disk.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes) {
-        signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit{bytes, before_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
-
-private:
-    rlimit before_{};
-};
-
 class AtomicFileOnAFullDisk : public testing::TestWithParam<int> {};
 
 TEST_P(AtomicFileOnAFullDisk, keepsTheOldContent) {
@@ -77,7 +61,7 @@ TEST_P(AtomicFileOnAFullDisk, keepsTheOldContent) {
     const QString path = root.filePath(QStringLiteral("file"));
     ASSERT_EQ(writeAtomically(path, "old"), std::nullopt);
     {
-        const FullDisk full(GetParam() / 2);
+        const test::FullDisk full(GetParam() / 2);
         EXPECT_EQ(writeAtomically(path, QByteArray(GetParam(), 'x')), QStringLiteral("File too large"));
     }
     EXPECT_EQ(content(path), "old");

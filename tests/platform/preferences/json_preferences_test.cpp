@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/preferences/json_preferences.h"
 
+#include "support/full_disk.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -8,8 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -40,21 +40,6 @@ protected:
     QString files() const { return QDir(folder()).entryList(QDir::Files).join(QLatin1Char(' ')); }
 
     QTemporaryDir root_;
-};
-
-/// No file of this process grows beyond `bytes`, as on a full disk, for as long as it lives.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes) {
-        signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit limit{bytes, before_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
-
-private:
-    rlimit before_{};
 };
 
 TEST_F(JsonPreferencesTest, answersTheRegisteredValueWhereNothingIsStored) {
@@ -198,7 +183,7 @@ TEST_F(JsonPreferencesTest, keepsTheOldFileAndTheRunningValuesOnAFullDisk) {
     writeFile("{\"name\":true}");
     JsonPreferences preferences(folder());
     {
-        const FullDisk full(8);
+        const test::FullDisk full(8);
         preferences.set(name, false);
         preferences.set(sensitivity, 12.0);
         preferences.flush();
