@@ -44,9 +44,11 @@ public:
                 .displays = displays,
                 .hotkeys = hotkeys,
                 .keys = keys,
+                .keyTap = keyTap,
                 .loginItem = loginItem,
                 .mouse = mouse,
                 .panels = panels,
+                .pasteboard = pasteboard,
                 .preferences = preferences,
                 .windows = windows,
                 .workspace = workspace};

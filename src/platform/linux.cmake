@@ -28,6 +28,7 @@ pimloft_library(pimloft_platform_linux
         displays/x11_displays.cpp displays/x11_displays.h
         displays/x11_struts.cpp displays/x11_struts.h
         events/x11_key_poster.cpp events/x11_key_poster.h
+        events/x11_key_tap.cpp events/x11_key_tap.h
         events/x11_mouse_watch.cpp events/x11_mouse_watch.h
         hotkeys/x11_hotkeys.cpp hotkeys/x11_hotkeys.h
         instance/instance_on_bus.cpp instance/instance_on_bus.h
@@ -37,6 +38,7 @@ pimloft_library(pimloft_platform_linux
         panels/x11_panel.cpp panels/x11_panel.h
         panels/x11_panels.cpp panels/x11_panels.h
         panels/x11_popup.cpp panels/x11_popup.h
+        pasteboard/x11_pasteboard.cpp pasteboard/x11_pasteboard.h
         preferences/json_preferences.cpp preferences/json_preferences.h
         preferences/preferences_document.cpp preferences/preferences_document.h
         windows/x11_placement.cpp windows/x11_placement.h

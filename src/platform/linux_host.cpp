@@ -5,10 +5,12 @@
 #include "platform/dialogs/qt_dialogs.h"
 #include "platform/displays/x11_displays.h"
 #include "platform/events/x11_key_poster.h"
+#include "platform/events/x11_key_tap.h"
 #include "platform/events/x11_mouse_watch.h"
 #include "platform/hotkeys/x11_hotkeys.h"
 #include "platform/loginitem/xdg_login_item.h"
 #include "platform/panels/x11_panels.h"
+#include "platform/pasteboard/x11_pasteboard.h"
 #include "platform/platform.h"
 #include "platform/preferences/json_preferences.h"
 #include "platform/windows/x11_windows.h"
@@ -58,9 +60,11 @@ public:
                 .displays = displays_,
                 .hotkeys = hotkeys_,
                 .keys = keys_,
+                .keyTap = keyTap_,
                 .loginItem = loginItem_,
                 .mouse = mouse_,
                 .panels = panels_,
+                .pasteboard = pasteboard_,
                 .preferences = preferences_,
                 .windows = windows_,
                 .workspace = workspace_};
@@ -87,6 +91,8 @@ private:
     X11Workspace workspace_;
     X11Panels panels_;
     X11KeyPoster keys_;
+    X11KeyTap keyTap_;
+    X11Pasteboard pasteboard_;
 };
 
 }  // namespace

@@ -7,13 +7,26 @@
 
 namespace pimloft {
 
+void FakePasteboard::origin(qint64 change, QObject *context,
+                            std::function<void(std::optional<PasteOrigin>)> done) {
+    ask(change, context, [this, change, done = std::move(done)] {
+        const bool answers = change == changeCount_ && !ownerHangs;
+        done(answers ? std::optional(copiedBy) : std::nullopt);
+    });
+}
+
 void FakePasteboard::read(qint64 change, std::vector<PasteType> wanted, qsizetype cap, QObject *context,
                           std::function<void(PasteData)> done) {
     EXPECT_FALSE(wanted.empty()) << "a read that wants nothing";
     EXPECT_GT(cap, 0) << "a read without a cap";
-    EXPECT_TRUE(context) << "a read whose answer nobody owns";
-    EXPECT_LE(change, changeCount_) << "a read of a change that has not happened";
-    pending_.push_back({change, std::move(wanted), cap, context, std::move(done)});
+    const Request request{change, std::move(wanted), cap};
+    ask(change, context, [this, request, done = std::move(done)] { done(resolve(request)); });
+}
+
+void FakePasteboard::ask(qint64 change, QObject *context, std::function<void()> answer) {
+    EXPECT_TRUE(context) << "a question whose answer nobody owns";
+    EXPECT_LE(change, changeCount_) << "a question about a change that has not happened";
+    pending_.push_back({context, std::move(answer)});
 }
 
 qint64 FakePasteboard::write(std::vector<PasteItem> items) {
@@ -30,10 +43,10 @@ void FakePasteboard::copy(std::vector<PasteItem> items) {
 bool FakePasteboard::answer() {
     if (pending_.empty())
         return false;
-    const Request request = std::move(pending_.front());
+    const Question question = std::move(pending_.front());
     pending_.erase(pending_.begin());
-    if (request.context)
-        request.done(resolve(request));
+    if (question.context)
+        question.answer();
     return true;
 }
 

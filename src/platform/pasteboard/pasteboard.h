@@ -2,8 +2,10 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 class QObject;
@@ -26,6 +28,14 @@ struct PasteData {
     QByteArray bytes;
 };
 
+/// Whose content it is.
+struct PasteOrigin {
+    bool isSecret = false;            ///< its owner asks for it to be kept out of histories
+    std::optional<QString> bundleId;  ///< the owner's identifier; absent when the desktop does not know it
+
+    friend bool operator==(const PasteOrigin &, const PasteOrigin &) = default;
+};
+
 /// One form of the content to be written. Text is UTF-8; file URLs are one per line.
 struct PasteItem {
     PasteType type;
@@ -39,6 +49,12 @@ public:
 
     /// Grows with every copy made anywhere; own writes count at once. Never asks the desktop.
     virtual qint64 changeCount() const = 0;
+
+    /// Asks whose content `change` is, without reading any of it. `done` is called exactly once, queued,
+    /// never after `context` is gone; within 2 s; with nothing when something newer has been copied meanwhile
+    /// or the owner did not answer.
+    virtual void origin(qint64 change, QObject *context,
+                        std::function<void(std::optional<PasteOrigin>)> done) = 0;
 
     /// Reads the first of `wanted` that `change` offers. `done` is called exactly once, queued, never after
     /// `context` is gone; within 2 s; a transfer above `cap` bytes is cut off; content of a newer owner is
