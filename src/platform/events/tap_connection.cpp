@@ -128,9 +128,8 @@ bool TapConnection::grabAll(TapState &state) {
             ungrabAll();
             return false;
         }
-    const KeySet seen = keysDown(connection_);
     for (const std::uint16_t id : taken_)
-        state.add(id, keysDownOn(connection_, id), seen);
+        add(state, id);
     if (const auto locks = locksOf(connection_, master_))
         setLocks(connection_, xtest_, *locks);
     copyLocksToTaken();
@@ -181,11 +180,17 @@ bool TapConnection::grab(std::uint16_t device) {
     return true;
 }
 
+void TapConnection::add(TapState &state, std::uint16_t device) {
+    state.add(device, {.held = keysDownOn(connection_, device),
+                       .seen = keysDown(connection_),
+                       .typed = keysDownOn(connection_, xtest_)});
+}
+
 void TapConnection::grabNew(TapState &state) {
     for (const KeyDevice &each : keyDevices(connection_)) {
         if (!isToBeTaken(each) || !grab(each.id))
             continue;
-        state.add(each.id, keysDownOn(connection_, each.id), keysDown(connection_));
+        add(state, each.id);
         copyLocksToTaken();
     }
 }

@@ -69,6 +69,7 @@ private:
     TapConnection();
     bool start();
     bool grab(std::uint16_t device);
+    void add(TapState &state, std::uint16_t device);
     void takeMapFrom(const std::vector<KeyDevice> &keyboards);
     void selectLocks(std::uint16_t device);
     void readHierarchy(const xcb_generic_event_t &event, std::vector<Event> &events) const;

@@ -38,7 +38,8 @@ TapState::TapState(const TapKeys &keys, KeyFilter &filter) : keys_(keys), filter
     actions_.reserve(64);
 }
 
-void TapState::add(Source source, const Keys &held, const Keys &seen) {
+void TapState::add(Source source, const Down &down) {
+    const auto &[held, seen, typed] = down;
     for (std::size_t each = 0; each < held.size(); ++each) {
         const auto key = TapKey(each);
         if (!held.test(key))
@@ -55,7 +56,7 @@ void TapState::add(Source source, const Keys &held, const Keys &seen) {
             shown_.set(key);
         else
             withheld_.set(key);
-        if (seen.test(key))
+        if (seen.test(key) && !typed.test(key))
             untouched_.set(key);
     }
 }

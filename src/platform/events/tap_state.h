@@ -38,8 +38,13 @@ public:
 
     TapState(const TapKeys &keys, KeyFilter &filter);
 
-    /// A keyboard on which the user holds `held` comes under the tap; the programs see `seen` as down.
-    void add(Source source, const Keys &held, const Keys &seen);
+    /// What is down while a keyboard comes under the tap.
+    struct Down {
+        Keys held{};   ///< on that keyboard, by the user
+        Keys seen{};   ///< for the programs
+        Keys typed{};  ///< by programs, in the user's place
+    };
+    void add(Source source, const Down &down);
     /// It is gone, and with it what was held on it.
     Actions remove(Source source);
 

@@ -29,6 +29,7 @@ std::unique_ptr<TapThread> TapThread::start(std::shared_ptr<KeyFilter> filter, c
     // Without somebody to give the keyboard back, it is not taken.
     if (!tap->guard_.start(tap->connection_->window()) || !tap->connection_->grabAll(tap->state_))
         return nullptr;
+    tap->mailbox_.publishHeld(tap->state_.held());
     tap->thread_ = std::thread(&TapThread::run, tap.get());
     return tap;
 }

@@ -65,8 +65,12 @@ void X11Keyboard::readMap() {
 
 void X11Keyboard::setTypist(KeyTypist *typist) {
     typist_ = typist;
-    // What is down in the user's place is let go by the typist, which hears of the release first.
-    restored_.clear();
+    // From here on the typist hears of what the user lets go of, and before it, nobody may have heard yet.
+    const KeySet held = restored_.empty() ? KeySet() : heldKeys();
+    for (const xcb_keycode_t key : std::exchange(restored_, {}))
+        if (!held.test(key))
+            fake(key, false);
+    xcb_flush(session_.connection());
     releases_->want(0);
 }
 

@@ -113,7 +113,7 @@ private:
     void start() {
         tap_ = std::make_unique<TapState>(keys_, filter_);
         for (unsigned source = 0; source < 2; ++source)
-            tap_->add(source, held_[source], server_.down());
+            tap_->add(source, {held_[source], server_.down(), {}});
     }
 
     void stop() {

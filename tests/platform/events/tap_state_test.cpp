@@ -270,7 +270,7 @@ TEST_F(TapStateTest, aKeyThatARuleMakesAModifierLeavesTheHeldOneAlone) {
 }
 
 TEST_F(TapStateTest, whatWasHeldBeforeTheTapIsLetGoWithTheUser) {
-    state.add(keyboard, keySet({KEY_A, KEY_LEFTSHIFT}), keySet({KEY_A, KEY_LEFTSHIFT}));
+    state.add(keyboard, {keySet({KEY_A, KEY_LEFTSHIFT}), keySet({KEY_A, KEY_LEFTSHIFT}), {}});
     EXPECT_EQ(down(KEY_C), "+c");
     EXPECT_EQ(asked(), "8 down 0x20000");
     EXPECT_EQ(up(KEY_A), "-a");
@@ -282,7 +282,7 @@ TEST_F(TapStateTest, whatWasLetGoWhileTheTapCameIsPassedOn) {
 }
 
 TEST_F(TapStateTest, aModifierHeldSinceAnEarlierTapCountsForTheNextKey) {
-    state.add(keyboard, keySet({KEY_LEFTSHIFT, KEY_A}), {});
+    state.add(keyboard, {keySet({KEY_LEFTSHIFT, KEY_A}), {}, {}});
     EXPECT_EQ(down(KEY_C), "+LFSH +c");
     EXPECT_EQ(up(KEY_C), "-c");
     EXPECT_EQ(up(KEY_LEFTSHIFT), "-LFSH");
@@ -308,13 +308,18 @@ TEST_F(TapStateTest, stoppingLetsGoOfWhatThePressedKeysPressed) {
 }
 
 TEST_F(TapStateTest, stoppingLeavesToTheKeyboardWhatItHeldBeforeTheTap) {
-    state.add(keyboard, keySet({KEY_A, KEY_LEFTCTRL}), keySet({KEY_A, KEY_LEFTCTRL}));
+    state.add(keyboard, {keySet({KEY_A, KEY_LEFTCTRL}), keySet({KEY_A, KEY_LEFTCTRL}), {}});
     EXPECT_EQ(stop(), "");
+}
+
+TEST_F(TapStateTest, stoppingLetsGoOfWhatWasTypedInTheUsersPlaceBeforeTheTap) {
+    state.add(keyboard, {keySet({KEY_LEFTCTRL}), keySet({KEY_LEFTCTRL}), keySet({KEY_LEFTCTRL})});
+    EXPECT_EQ(stop(), "-LCTL");
 }
 
 TEST_F(TapStateTest, stoppingLetsGoOfWhatItGaveBack) {
     swap();
-    state.add(keyboard, keySet({KEY_LEFTCTRL}), keySet({KEY_LEFTCTRL}));
+    state.add(keyboard, {keySet({KEY_LEFTCTRL}), keySet({KEY_LEFTCTRL}), {}});
     down(KEY_C);
     EXPECT_EQ(up(KEY_C), "-c +LCTL -LWIN");
     EXPECT_EQ(stop(), "-LCTL");
