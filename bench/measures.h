@@ -20,5 +20,7 @@ void measureDrag(Table &table, Extent extent);
 void measurePlacement(Table &table, Extent extent);
 /// The rules that run at every pointer event.
 void measureRules(Table &table, Extent extent);
+/// What the key tap adds to the way of a key to its window.
+void measureKeyTap(Table &table, Extent extent);
 
 }  // namespace pimloft::bench

@@ -41,8 +41,8 @@ class LinuxHost final : public Host {
 public:
     explicit LinuxHost(const Dirs &dirs)
         : preferences_(dirs.preferences), loginItem_(dirs.autostart, QCoreApplication::applicationFilePath()),
-          displays_(session_, scaleOfLogin()), appearance_(session_, bus_),
-          diagnosis_(session_, sessionType_, bus_), windows_(session_, displays_, sessionType_),
+          displays_(session_, scaleOfLogin()), appearance_(session_, bus_), keyTap_(keyboard_, dirs.keyGuard),
+          diagnosis_(session_, keyTap_, sessionType_, bus_), windows_(session_, displays_, sessionType_),
           mouse_(input_, displays_), hotkeys_(session_, keyboard_, input_),
           workspace_(session_, activeWindow_, dirs.help, bus_), panels_({.displays = displays_,
                                                                          .keyboard = keyboard_,
@@ -51,8 +51,7 @@ public:
                                                                          .activeWindow = activeWindow_,
                                                                          .compositor = compositor_}),
           keys_(
-              keyboard_, [this] { panels_.endTyping(); }, [this] { return workspace_.frontmostChord(); }),
-          keyTap_(keyboard_, dirs.keyGuard) {}
+              keyboard_, [this] { panels_.endTyping(); }, [this] { return workspace_.frontmostChord(); }) {}
 
     Platform platform() override {
         return {.appearance = appearance_,
@@ -85,6 +84,7 @@ private:
     QtDialogs dialogs_;
     X11Displays displays_;
     LinuxAppearance appearance_;
+    X11KeyTap keyTap_;
     X11Diagnosis diagnosis_;
     X11Windows windows_;
     X11MouseWatch mouse_;
@@ -92,7 +92,6 @@ private:
     X11Workspace workspace_;
     X11Panels panels_;
     X11KeyPoster keys_;
-    X11KeyTap keyTap_;
     X11Pasteboard pasteboard_;
 };
 

@@ -9,6 +9,7 @@
 #include <xcb/xinput.h>
 #include <xcb/xtest.h>
 
+#include <algorithm>
 #include <cstring>
 
 namespace pimloft {
@@ -52,14 +53,16 @@ bool hasOwner(const QDBusConnection &bus, const QString &name) {
 
 }  // namespace
 
-X11Diagnosis::X11Diagnosis(X11Session &session, QString sessionType, QDBusConnection bus)
-    : session_(session), sessionType_(std::move(sessionType)), bus_(std::move(bus)) {
+X11Diagnosis::X11Diagnosis(X11Session &session, const X11KeyTap &keyTap, QString sessionType,
+                           QDBusConnection bus)
+    : session_(session), keyTap_(keyTap), sessionType_(std::move(sessionType)), bus_(std::move(bus)) {
 }
 
 std::vector<Finding> X11Diagnosis::findings() {
     if (findObstacle(session_, sessionType_) == X11Obstacle::noServer)
         return {{tr("Session"), false, tr("There is no X server that Pimloft could talk to.")}};
-    return {desktopSession(), mouseEvents(), keyEvents(), windowManager(), compositor(), tray()};
+    return {desktopSession(), mouseEvents(), keyEvents(), keyMappings(),
+            windowManager(),  compositor(),  tray()};
 }
 
 Finding X11Diagnosis::desktopSession() const {
@@ -96,6 +99,31 @@ Finding X11Diagnosis::keyEvents() {
     default:
         return {subject, true, tr("XInput %1 and XTEST").arg(xinputVersion(session_))};
     }
+}
+
+Finding X11Diagnosis::keyMappings() {
+    const QString subject = tr("Key mappings");
+    if (findObstacle(session_, sessionType_) != X11Obstacle::none)
+        return {subject, false, tr("They need key events.")};
+    switch (keyTap_.status()) {
+    case X11KeyTap::Status::running:
+        return {subject, true, tr("Active")};
+    case X11KeyTap::Status::lost:
+        return {subject, false, tr("Ended, because Pimloft held up the keyboard.")};
+    case X11KeyTap::Status::unguarded:
+        return {subject, false,
+                tr("The program that would give the keyboard back is missing: key mappings do nothing.")};
+    case X11KeyTap::Status::resting:
+        break;
+    }
+    const auto keyboards = keyDevices(session_.connection());
+    const bool canBeTaken = std::any_of(keyboards.begin(), keyboards.end(), [](const KeyDevice &each) {
+        return !each.typesForPrograms && !each.floats;
+    });
+    if (!canBeTaken)
+        return {subject, false,
+                tr("There is no keyboard that another program does not have: key mappings do nothing.")};
+    return {subject, true, tr("Ready")};
 }
 
 Finding X11Diagnosis::windowManager() {

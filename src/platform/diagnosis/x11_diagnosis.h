@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/diagnosis/diagnosis.h"
+#include "platform/events/x11_key_tap.h"
 #include "platform/x11/x11_session.h"
 
 #include <QDBusConnection>
@@ -12,7 +13,7 @@ namespace pimloft {
 class X11Diagnosis final : public DiagnosisService {
 public:
     /// `sessionType` is what the login tells in XDG_SESSION_TYPE, `bus` the session's, connected or not.
-    X11Diagnosis(X11Session &session, QString sessionType, QDBusConnection bus);
+    X11Diagnosis(X11Session &session, const X11KeyTap &keyTap, QString sessionType, QDBusConnection bus);
 
     std::vector<Finding> findings() override;
 
@@ -20,11 +21,13 @@ private:
     Finding desktopSession() const;
     Finding mouseEvents();
     Finding keyEvents();
+    Finding keyMappings();
     Finding windowManager();
     Finding compositor();
     Finding tray();
 
     X11Session &session_;
+    const X11KeyTap &keyTap_;
     QString sessionType_;
     QDBusConnection bus_;
 };

@@ -3,6 +3,8 @@
 
 #include <QFile>
 
+#include <unistd.h>
+
 namespace pimloft {
 
 X11KeyTap::X11KeyTap(X11Keyboard &keyboard, QString guard)
@@ -66,6 +68,12 @@ void X11KeyTap::setFrontmost(std::string bundleId) {
     // Not every locker says when it has gone, but it lets no other program come to the front.
     if (locked_ && !frontmost_.empty() && !lock_->tellsOfEnd())
         setLocked(false);
+}
+
+X11KeyTap::Status X11KeyTap::status() const {
+    if (filter_)
+        return tap_ && !lost_ ? Status::running : Status::lost;
+    return access(guard_.c_str(), X_OK) == 0 ? Status::resting : Status::unguarded;
 }
 
 void X11KeyTap::setLocked(bool locked) {

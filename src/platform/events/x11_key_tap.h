@@ -29,6 +29,14 @@ public:
     void remove() override;
     void setFrontmost(std::string bundleId) override;
 
+    enum class Status {
+        resting,
+        running,
+        lost,       ///< the keyboards were given back because this process did not answer in time
+        unguarded,  ///< there is no guard to be started
+    };
+    Status status() const;
+
 private:
     bool post(xcb_keycode_t key, const std::vector<xcb_keycode_t> &modifiers) override;
     std::optional<KeySet> held() const override;

@@ -25,28 +25,59 @@ std::string line(const std::vector<Finding> &findings, const char *subject) {
 class X11DiagnosisTest : public testing::Test {
 protected:
     std::string finding(const char *subject, const char *sessionType = "x11") {
-        X11Diagnosis diagnosis(session_, QLatin1String(sessionType), QDBusConnection::sessionBus());
+        X11Diagnosis diagnosis(session_, tap_, QLatin1String(sessionType), QDBusConnection::sessionBus());
         return line(diagnosis.findings(), subject);
     }
     bool becomes(const char *subject, const std::string &text) {
         return waitUntil([&] { return finding(subject) == text; });
     }
     X11Session session_;
+    X11RawInput input_{session_};
+    X11Keyboard keyboard_{session_, input_};
+    X11KeyTap tap_{keyboard_, QStringLiteral(KEY_GUARD)};
+};
+
+/// Leaves every key alone.
+struct PlainFilter final : KeyFilter {
+    KeyEvent filter(KeyEvent event, std::string_view, Instant) noexcept override { return event; }
 };
 
 TEST_F(X11DiagnosisTest, listsEveryFindingOnce) {
-    X11Diagnosis diagnosis(session_, QStringLiteral("x11"), QDBusConnection::sessionBus());
+    X11Diagnosis diagnosis(session_, tap_, QStringLiteral("x11"), QDBusConnection::sessionBus());
     QStringList subjects;
     for (const Finding &finding : diagnosis.findings())
         subjects.append(finding.subject);
     EXPECT_EQ(subjects.join(QStringLiteral(", ")),
-              QStringLiteral("Session, Mouse events, Key events, Window manager, Compositor, Tray"));
+              QStringLiteral("Session, Mouse events, Key events, Key mappings, Window manager, "
+                             "Compositor, Tray"));
 }
 
 TEST_F(X11DiagnosisTest, findsWhatAPlainServerOffers) {
     EXPECT_EQ(finding("Session"), "+ X11");
     EXPECT_EQ(finding("Mouse events"), "+ XInput 2.4");
     EXPECT_EQ(finding("Key events"), "+ XInput 2.4 and XTEST");
+    EXPECT_EQ(finding("Key mappings"), "+ Ready");
+}
+
+TEST_F(X11DiagnosisTest, saysWhetherKeysAreMapped) {
+    ASSERT_TRUE(tap_.install(std::make_shared<PlainFilter>()));
+    EXPECT_EQ(finding("Key mappings"), "+ Active");
+    {
+        // Another one finds no keyboard left.
+        const X11KeyTap second(keyboard_, QStringLiteral(KEY_GUARD));
+        X11Diagnosis diagnosis(session_, second, QStringLiteral("x11"), QDBusConnection::sessionBus());
+        EXPECT_EQ(line(diagnosis.findings(), "Key mappings"),
+                  "- There is no keyboard that another program does not have: key mappings do nothing.");
+    }
+    tap_.remove();
+    EXPECT_EQ(finding("Key mappings"), "+ Ready");
+}
+
+TEST_F(X11DiagnosisTest, saysThatNobodyWouldGiveTheKeyboardBack) {
+    const X11KeyTap unguarded(keyboard_, QStringLiteral("/nowhere/pimloft-keyguard"));
+    X11Diagnosis diagnosis(session_, unguarded, QStringLiteral("x11"), QDBusConnection::sessionBus());
+    EXPECT_EQ(line(diagnosis.findings(), "Key mappings"),
+              "- The program that would give the keyboard back is missing: key mappings do nothing.");
 }
 
 TEST_F(X11DiagnosisTest, saysWhatWaylandWithholds) {
@@ -57,6 +88,7 @@ TEST_F(X11DiagnosisTest, saysWhatWaylandWithholds) {
               "- Out of reach under Wayland: dragging a window does not snap it.");
     EXPECT_EQ(finding("Key events", "wayland"),
               "- Out of reach under Wayland: shortcuts and key mappings do nothing.");
+    EXPECT_EQ(finding("Key mappings", "wayland"), "- They need key events.");
 }
 
 TEST_F(X11DiagnosisTest, namesTheWindowManager) {
@@ -98,7 +130,8 @@ TEST_F(X11DiagnosisTest, saysWhatAServerWithoutExtensionsRefuses) {
              .screen = QStringLiteral("640x480x24"),
              .serverArguments = {QStringLiteral("-extension"), QStringLiteral("XTEST")}});
         X11Session session;
-        X11Diagnosis diagnosis(session, QStringLiteral("x11"), QDBusConnection(QStringLiteral("no bus")));
+        X11Diagnosis diagnosis(session, tap_, QStringLiteral("x11"),
+                               QDBusConnection(QStringLiteral("no bus")));
         EXPECT_EQ(line(diagnosis.findings(), "Key events"),
                   "- The X server does not offer XTEST: shortcuts and key mappings do nothing.");
         EXPECT_EQ(line(diagnosis.findings(), "Mouse events"), "+ XInput 2.4");
@@ -111,7 +144,7 @@ TEST_F(X11DiagnosisTest, saysThatThereIsNoServer) {
     qputenv("DISPLAY", ":nowhere");
     X11Session session;
     qputenv("DISPLAY", display);
-    X11Diagnosis diagnosis(session, QStringLiteral("x11"), QDBusConnection(QStringLiteral("no bus")));
+    X11Diagnosis diagnosis(session, tap_, QStringLiteral("x11"), QDBusConnection(QStringLiteral("no bus")));
     const std::vector<Finding> findings = diagnosis.findings();
     ASSERT_EQ(findings.size(), 1u);
     EXPECT_EQ(line(findings, "Session"), "- There is no X server that Pimloft could talk to.");

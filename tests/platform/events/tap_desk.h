@@ -58,11 +58,9 @@ struct TapDesk : testing::Test {
         return waitUntil([&] { return hands.keysDown().isEmpty() && hands.keysDownOnXTest().isEmpty(); });
     }
 
-    /// Fewer rounds beside a window manager: it reads the map and grabs its keys anew whenever another keyboard
-    /// types than before, which takes it far longer than the change.
-    static int rounds(int many) {
-        return qEnvironmentVariableIsEmpty("PIMLOFT_TEST_WM") ? many : many / 10;
-    }
+    /// Fewer rounds beside a window manager: it reads the map and grabs its keys anew whenever another
+    /// keyboard types than before, which takes it far longer than the change.
+    static int rounds(int many) { return qEnvironmentVariableIsEmpty("PIMLOFT_TEST_WM") ? many : many / 10; }
 
     static void run(const char *program, const QStringList &arguments) {
         currentSession().run(QLatin1String(program), arguments);

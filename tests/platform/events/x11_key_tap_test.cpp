@@ -12,6 +12,9 @@ namespace {
 
 using namespace test;
 
+constexpr KeyCode codeOfB{11};
+constexpr KeyCode codeOfTab{48};
+
 struct X11KeyTapTest : TapDesk {
     X11Hotkeys hotkeys{session, keyboard, input};
 };
@@ -83,7 +86,7 @@ TEST_F(X11KeyTapTest, itIsInstalledAndRemovedWhileTheUserTypes) {
 
 TEST_F(X11KeyTapTest, aRewrittenKeyIsRepeatedOnceAndNotByBothKeyboards) {
     run("xset", {QStringLiteral("r"), QStringLiteral("rate"), QStringLiteral("200"), QStringLiteral("20")});
-    filter->turnsAIntoB = true;
+    filter->insteadOfA = codeOfB;
     ASSERT_TRUE(install());
     hands.press(KEY_A);
     QElapsedTimer held;
@@ -114,7 +117,7 @@ TEST_F(X11KeyTapTest, aHeldShortcutIsRepeatedWithItsModifiers) {
 
 TEST_F(X11KeyTapTest, aBurstKeepsItsOrder) {
     ASSERT_TRUE(install());
-    filter->turnsAIntoB = true;
+    filter->insteadOfA = codeOfB;
     static constexpr int keys[] = {KEY_A, KEY_S, KEY_F, KEY_C};
     std::minstd_rand random(7);
     std::string expected;
@@ -216,6 +219,20 @@ TEST_F(X11KeyTapTest, otherProgramsHotkeysSeeTheRewrittenKeys) {
     EXPECT_EQ(presses, 1);
 }
 
+TEST_F(X11KeyTapTest, theWindowManagersOwnKeysAreTheRewrittenOnes) {
+    if (qEnvironmentVariable("PIMLOFT_TEST_WM") != QLatin1String("openbox"))
+        GTEST_SKIP() << "there is no window manager to switch windows";
+    filter->insteadOfA = codeOfTab;
+    ASSERT_TRUE(install());
+    KeySink other({500, 50, 100, 100});
+    EXPECT_TRUE(other.isActive());
+    hands.chord({KEY_LEFTALT, KEY_A});
+    EXPECT_TRUE(waitUntil([&] { return sink.isActive(); }));
+    hands.chord({KEY_LEFTALT, KEY_TAB});
+    EXPECT_TRUE(waitUntil([&] { return other.isActive(); }));
+    EXPECT_TRUE(nothingIsDown());
+}
+
 TEST_F(X11KeyTapTest, ourOwnHotkeysSeeTheRewrittenKeys) {
     ASSERT_TRUE(hotkeys.grant(Key::v, CarbonModifiers::command | CarbonModifiers::shift, HotkeyId{1}));
     int presses = 0;
@@ -243,7 +260,7 @@ TEST_F(X11KeyTapTest, aProgramThatHoldsTheKeyboardGetsTheRewrittenKeys) {
     const XcbReply<xcb_grab_keyboard_reply_t> reply(
         xcb_grab_keyboard_reply(other.connection(), cookie, nullptr));
     ASSERT_EQ(reply->status, XCB_GRAB_STATUS_SUCCESS);
-    filter->turnsAIntoB = true;
+    filter->insteadOfA = codeOfB;
     hands.tap(KEY_A);
     EXPECT_TRUE(waitUntil([&] { return got == QStringList{QString::number(KEY_B)}; }));
     xcb_ungrab_keyboard(other.connection(), XCB_CURRENT_TIME);
@@ -355,7 +372,7 @@ TEST_F(X11KeyTapTest, modifiersStillHeldAfterAPostCountForTheNextKey) {
 }
 
 TEST_F(X11KeyTapTest, whatTheUserHoldsIsKnownAsItIsDelivered) {
-    filter->turnsAIntoB = true;
+    filter->insteadOfA = codeOfB;
     ASSERT_TRUE(install());
     hands.press(KEY_A);
     EXPECT_TRUE(waitUntil([&] { return keyboard.isHeld(KEY_B + 8); }));
@@ -382,7 +399,7 @@ TEST_F(X11KeyTapTest, whateverTheHandsDoNothingIsDownAfterwards) {
                 tap.remove();
             } else if (chance == 2) {
                 filter->swaps = random() % 2;
-                filter->turnsAIntoB = random() % 2;
+                filter->insteadOfA = random() % 2 ? codeOfB : KeyCode{0};
             } else if (chance == 3) {
                 keyboard.post(KEY_V + 8, KeyFlags::control);
             } else {
