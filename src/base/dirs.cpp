@@ -31,7 +31,9 @@ Dirs Dirs::fromEnvironment(const QProcessEnvironment &environment) {
             .autostart = config + QStringLiteral("/autostart"),
             .runtime = runtime,
             .help = QDir(QCoreApplication::applicationDirPath())
-                        .absoluteFilePath(QStringLiteral("../share/pimloft/help"))};
+                        .absoluteFilePath(QStringLiteral("../share/pimloft/help")),
+            .keyGuard = QDir(QCoreApplication::applicationDirPath())
+                            .absoluteFilePath(QStringLiteral("../libexec/pimloft-keyguard"))};
 }
 
 }  // namespace pimloft

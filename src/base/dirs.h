@@ -14,6 +14,7 @@ struct Dirs {
     QString autostart;    ///< where the desktop looks for programs to start at login
     QString runtime;      ///< sockets and locks of this login; gone after it
     QString help;         ///< the installed help pages
+    QString keyGuard;     ///< the program that is started beside a key tap
 
     /// The places that the desktop's base-directory rules give for `environment`. Creates nothing.
     static Dirs fromEnvironment(const QProcessEnvironment &environment);

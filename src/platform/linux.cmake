@@ -4,10 +4,20 @@ pkg_check_modules(XCB REQUIRED IMPORTED_TARGET
     xcb xcb-randr xcb-res xcb-shape xcb-xfixes xcb-xinput xcb-xkb xcb-xtest xkbcommon xkbcommon-x11)
 pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-unix-2.0)
 
+# What the key tap shares with its guard: the C++ and X libraries only.
+add_library(pimloft_x11_keys STATIC
+    x11/key_devices.cpp x11/key_devices.h
+    x11/xcb_reply.h
+    events/key_guard_channel.h)
+pkg_check_modules(XCB_KEYS REQUIRED IMPORTED_TARGET xcb xcb-xinput xcb-xtest)
+target_link_libraries(pimloft_x11_keys PUBLIC pimloft_options PkgConfig::XCB_KEYS)
+set_target_properties(pimloft_x11_keys PROPERTIES AUTOMOC OFF)
+
 pimloft_library(pimloft_platform_linux
     SOURCES
         linux_host.cpp
         x11/key_positions.h
+        x11/keymap_image.cpp x11/keymap_image.h
         x11/point_space.cpp x11/point_space.h
         x11/screen_lock.cpp x11/screen_lock.h
         x11/x11_active_window.cpp x11/x11_active_window.h
@@ -27,9 +37,16 @@ pimloft_library(pimloft_platform_linux
         displays/work_area.cpp displays/work_area.h
         displays/x11_displays.cpp displays/x11_displays.h
         displays/x11_struts.cpp displays/x11_struts.h
+        events/key_guard.cpp events/key_guard.h
+        events/tap_connection.cpp events/tap_connection.h
+        events/tap_keys.h
+        events/tap_mailbox.cpp events/tap_mailbox.h
+        events/tap_state.cpp events/tap_state.h
+        events/tap_thread.cpp events/tap_thread.h
         events/x11_key_poster.cpp events/x11_key_poster.h
         events/x11_key_tap.cpp events/x11_key_tap.h
         events/x11_mouse_watch.cpp events/x11_mouse_watch.h
+        events/x11_tap_keys.cpp events/x11_tap_keys.h
         hotkeys/x11_hotkeys.cpp hotkeys/x11_hotkeys.h
         instance/instance_on_bus.cpp instance/instance_on_bus.h
         instance/local_instance.cpp instance/local_instance.h
@@ -54,4 +71,4 @@ pimloft_library(pimloft_platform_linux
         workspace/window_icon.cpp workspace/window_icon.h
         workspace/x11_clients.cpp workspace/x11_clients.h
         workspace/x11_workspace.cpp workspace/x11_workspace.h
-    LINK pimloft_platform PkgConfig::XCB PkgConfig::GIO Qt6::Widgets Qt6::DBus Qt6::Network)
+    LINK pimloft_platform pimloft_x11_keys PkgConfig::XCB PkgConfig::GIO Qt6::Widgets Qt6::DBus Qt6::Network)

@@ -51,7 +51,8 @@ public:
                                                                          .activeWindow = activeWindow_,
                                                                          .compositor = compositor_}),
           keys_(
-              keyboard_, [this] { panels_.endTyping(); }, [this] { return workspace_.frontmostChord(); }) {}
+              keyboard_, [this] { panels_.endTyping(); }, [this] { return workspace_.frontmostChord(); }),
+          keyTap_(keyboard_, dirs.keyGuard) {}
 
     Platform platform() override {
         return {.appearance = appearance_,

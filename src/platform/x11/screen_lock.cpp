@@ -31,14 +31,34 @@ ScreenLock::ScreenLock() {
     if (id.isEmpty())
         return;
     QDBusConnection system = QDBusConnection::systemBus();
-    if (system.isConnected())
-        system.connect(QString(), sessionPath(id), QStringLiteral("org.freedesktop.login1.Session"),
-                       QStringLiteral("Lock"), this, SIGNAL(locked()));
+    if (!system.isConnected())
+        return;
+    const QString path = sessionPath(id);
+    const QString login = QStringLiteral("org.freedesktop.login1.Session");
+    system.connect(QString(), path, login, QStringLiteral("Lock"), this, SLOT(lockWanted()));
+    system.connect(QString(), path, login, QStringLiteral("Unlock"), this, SIGNAL(unlocked()));
+    system.connect(QString(), path, QStringLiteral("org.freedesktop.DBus.Properties"),
+                   QStringLiteral("PropertiesChanged"), this, SLOT(sessionChanged(QString, QVariantMap)));
+}
+
+void ScreenLock::lockWanted() {
+    tellsOfEnd_ = false;
+    emit locked();
 }
 
 void ScreenLock::screenSaverChanged(bool active) {
+    tellsOfEnd_ = active;
     if (active)
         emit locked();
+    else
+        emit unlocked();
+}
+
+/// Lockers tell the login manager what they do.
+void ScreenLock::sessionChanged(const QString &, const QVariantMap &changed) {
+    const QVariant hint = changed.value(QStringLiteral("LockedHint"));
+    if (hint.isValid())
+        screenSaverChanged(hint.toBool());
 }
 
 }  // namespace pimloft

@@ -12,17 +12,6 @@
 
 namespace pimloft {
 
-namespace {
-
-template <typename Bits>
-void add(std::bitset<256> &keys, const Bits &bits) {
-    for (std::size_t key = 0; key < keys.size(); ++key)
-        if (bits[key / 8] & (1 << (key % 8)))
-            keys.set(key);
-}
-
-}  // namespace
-
 X11Keyboard::X11Keyboard(X11Session &session, X11RawInput &input)
     : session_(session), map_(X11Keymap::read(session.connection())),
       canType_(session.hasExtension(&xcb_test_id)), canWatch_(input.isSupported()),
@@ -74,67 +63,34 @@ void X11Keyboard::readMap() {
     emit mapChanged();
 }
 
-X11Keyboard::Keys X11Keyboard::heldKeys() const {
-    Keys held;
-    if (!canWatch_)
-        return held;
-    xcb_connection_t *connection = session_.connection();
-    const XcbReply<xcb_input_xi_query_device_reply_t> devices(xcb_input_xi_query_device_reply(
-        connection, xcb_input_xi_query_device(connection, XCB_INPUT_DEVICE_ALL), nullptr));
-    if (!devices)
-        return held;
-    struct Query {
-        xcb_input_xi_get_property_cookie_t programs;
-        xcb_input_query_device_state_cookie_t state;
-    };
-    std::vector<Query> queries;
-    for (auto device = xcb_input_xi_query_device_infos_iterator(devices.get()); device.rem;
-         xcb_input_xi_device_info_next(&device)) {
-        // A keyboard that a key tap holds floats.
-        if (device.data->type != XCB_INPUT_DEVICE_TYPE_SLAVE_KEYBOARD &&
-            device.data->type != XCB_INPUT_DEVICE_TYPE_FLOATING_SLAVE)
-            continue;
-        queries.push_back({xcb_input_xi_get_property(connection, device.data->deviceid, false,
-                                                     session_.atom("XTEST Device"), XCB_ATOM_INTEGER, 0, 1),
-                           xcb_input_query_device_state(connection, std::uint8_t(device.data->deviceid))});
-    }
-    for (const Query &query : queries) {
-        const XcbReply<xcb_input_xi_get_property_reply_t> programs(
-            xcb_input_xi_get_property_reply(connection, query.programs, nullptr));
-        const XcbReply<xcb_input_query_device_state_reply_t> state(
-            xcb_input_query_device_state_reply(connection, query.state, nullptr));
-        if (!state || (programs && programs->num_items > 0))
-            continue;
-        for (auto part = xcb_input_query_device_state_classes_iterator(state.get()); part.rem;
-             xcb_input_input_state_next(&part)) {
-            xcb_input_input_state_data_t data{};
-            xcb_input_input_state_data_unpack(xcb_input_input_state_data(part.data), part.data->class_id,
-                                              &data);
-            if (part.data->class_id == XCB_INPUT_INPUT_CLASS_KEY)
-                add(held, data.key.keys);
-        }
-    }
+void X11Keyboard::setTypist(KeyTypist *typist) {
+    typist_ = typist;
+    // What is down in the user's place is let go by the typist, which hears of the release first.
+    restored_.clear();
+    releases_->want(0);
+}
+
+KeySet X11Keyboard::heldKeys() const {
+    if (const auto held = typist_ ? typist_->held() : std::nullopt)
+        return *held;
+    KeySet held;
+    if (canWatch_)
+        for (const KeyDevice &device : keyDevices(session_.connection()))
+            if (!device.typesForPrograms)
+                held |= keysDownOn(session_.connection(), device.id);
     return held;
 }
 
-X11Keyboard::Keys X11Keyboard::keysDown() const {
-    Keys down;
-    const XcbReply<xcb_query_keymap_reply_t> reply(
-        xcb_query_keymap_reply(session_.connection(), xcb_query_keymap(session_.connection()), nullptr));
-    if (reply)
-        add(down, reply->keys);
-    return down;
-}
-
 void X11Keyboard::fake(xcb_keycode_t key, bool down) {
-    xcb_test_fake_input(session_.connection(), down ? XCB_KEY_PRESS : XCB_KEY_RELEASE, key, XCB_CURRENT_TIME,
-                        session_.root(), 0, 0, 0);
+    fakeKey(session_.connection(), key, down);
 }
 
 void X11Keyboard::post(xcb_keycode_t key, KeyFlags modifiers) {
     if (!canPost() || !key)
         return;
-    const Keys down = keysDown();
+    if (typist_ && typist_->post(key, map_.keysFor(modifiers)))
+        return;
+    const KeySet down = keysDown(session_.connection());
     std::vector<xcb_keycode_t> letGo;
     for (const xcb_keycode_t modifier : map_.modifierKeys())
         if (down.test(modifier) && std::find(letGo.begin(), letGo.end(), modifier) == letGo.end())
@@ -163,7 +119,7 @@ void X11Keyboard::post(xcb_keycode_t key, KeyFlags modifiers) {
 void X11Keyboard::restore(const std::vector<xcb_keycode_t> &keys) {
     // From here on a release by the user is heard of, so that none can pass between asking and pressing.
     releases_->want(X11RawInput::keyRelease);
-    const Keys held = heldKeys();
+    const KeySet held = heldKeys();
     for (const xcb_keycode_t key : keys)
         if (held.test(key)) {
             fake(key, true);

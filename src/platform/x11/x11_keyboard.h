@@ -1,15 +1,28 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/x11/key_devices.h"
 #include "platform/x11/x11_keymap.h"
 #include "platform/x11/x11_raw_input.h"
 
 #include <QObject>
 
-#include <bitset>
+#include <optional>
 #include <set>
+#include <vector>
 
 namespace pimloft {
+
+/// Who presses keys in place of X11Keyboard, while it has the physical keyboards for itself. Main thread.
+class KeyTypist {
+public:
+    virtual ~KeyTypist() = default;
+
+    /// As X11Keyboard::post, with the keys that press the modifiers. False when it cannot any more.
+    virtual bool post(xcb_keycode_t key, const std::vector<xcb_keycode_t> &modifiers) = 0;
+    /// The keys that the user holds, as they are delivered; nothing when it does not know any more.
+    virtual std::optional<KeySet> held() const = 0;
+};
 
 /// The keyboard as the Linux services share it: its map, what the user holds down, and the only place that
 /// presses keys by program or ends a hotkey's hold on the keyboard. Main thread.
@@ -23,8 +36,12 @@ public:
 
     const X11Keymap &map() const { return map_; }
 
-    /// Whether the user holds the key, whatever programs make of it. Asks the server.
+    /// Whether the user holds the key, whatever programs make of it. Asks the server. A key that is delivered
+    /// as another one counts as that.
     bool isHeld(xcb_keycode_t key) const { return heldKeys().test(key); }
+
+    /// From now on `typist` presses keys; nobody else does, if it is null.
+    void setTypist(KeyTypist *typist);
 
     /// Whether the display lets a program press keys.
     bool canPost() const;
@@ -47,13 +64,10 @@ signals:
     void hotkeyGrabEnded();
 
 private:
-    using Keys = std::bitset<256>;
-
     void handle(const xcb_generic_event_t &event);
     void handleRelease(xcb_keycode_t key);
     void readMap();
-    Keys heldKeys() const;
-    Keys keysDown() const;
+    KeySet heldKeys() const;
     void fake(xcb_keycode_t key, bool down);
     void restore(const std::vector<xcb_keycode_t> &keys);
 
@@ -63,6 +77,7 @@ private:
     bool canWatch_ = false;
     std::uint8_t xkbEvent_ = 0;
     bool readIsDue_ = false;
+    KeyTypist *typist_ = nullptr;
     std::set<xcb_keycode_t> restored_;  ///< pressed by program in the user's place
     std::unique_ptr<X11RawInput::Watch> releases_;
     std::unique_ptr<X11Session::Subscription> events_;

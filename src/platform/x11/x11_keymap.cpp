@@ -76,9 +76,13 @@ public:
                                 map.lockVariants_.end());
         // Every combination of the masks is there, so the one with all of them is the largest number.
         for (int index = 0; index < 8; ++index)
-            if (!(map.locks() & 1 << index))
-                for (xcb_keycode_t key : keysOf(index))
+            for (xcb_keycode_t key : keysOf(index)) {
+                map.flags_[key] = flag(map, std::uint16_t(1 << index));
+                if (map.locks() & 1 << index)
+                    map.lockKeys_.set(key);
+                else
                     map.modifierKeys_.push_back(key);
+            }
         return map;
     }
 
@@ -103,6 +107,15 @@ private:
                                 keymap_.get(), key, xkb_layout_index_t(group) % layouts, 0, &symbols) < 1)
             return XKB_KEY_NoSymbol;
         return symbols[0];
+    }
+
+    static KeyFlags flag(const X11Keymap &map, std::uint16_t mask) {
+        for (const auto &[flag, modifier] :
+             {std::pair(KeyFlags::shift, map.shift_), std::pair(KeyFlags::control, map.control_),
+              std::pair(KeyFlags::option, map.option_), std::pair(KeyFlags::command, map.command_)})
+            if (modifier.mask == mask)
+                return flag;
+        return KeyFlags::none;
     }
 
     /// The keys that the server counts to its modifier number `index`.

@@ -7,6 +7,7 @@
 #include <xcb/xcb.h>
 
 #include <array>
+#include <bitset>
 #include <cstdint>
 #include <vector>
 
@@ -38,6 +39,11 @@ public:
     /// Every key that acts as a modifier while it is down; locks are none.
     const std::vector<xcb_keycode_t> &modifierKeys() const { return modifierKeys_; }
 
+    /// What a key is while it is down: none for keys that are no modifiers, or none of these four.
+    KeyFlags flag(xcb_keycode_t key) const { return flags_[key]; }
+    /// Whether a key switches caps lock, num lock or scroll lock.
+    bool isLock(xcb_keycode_t key) const { return lockKeys_.test(key); }
+
     friend bool operator==(const X11Keymap &, const X11Keymap &) = default;
 
 private:
@@ -58,6 +64,8 @@ private:
     Modifier shift_;
     std::vector<std::uint16_t> lockVariants_;
     std::vector<xcb_keycode_t> modifierKeys_;
+    std::array<KeyFlags, 256> flags_{};
+    std::bitset<256> lockKeys_;
 };
 
 }  // namespace pimloft

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/x11/xcb_reply.h"
+
 #include <QByteArray>
 #include <QObject>
 
 #include <xcb/xcb.h>
 
 #include <array>
-#include <cstdlib>
 #include <functional>
 #include <map>
 #include <memory>
@@ -18,13 +19,6 @@
 class QSocketNotifier;
 
 namespace pimloft {
-
-/// Owns what xcb answers.
-struct XcbFree {
-    void operator()(void *memory) const { std::free(memory); }
-};
-template <typename T>
-using XcbReply = std::unique_ptr<T, XcbFree>;
 
 /// The Linux services' own connection to the X server, apart from Qt's. Main thread.
 ///
