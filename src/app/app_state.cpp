@@ -19,7 +19,7 @@ AppState::Modules makeModules() {
     return {.windowSnap = WindowSnapModule::create(),
             .clipboardPlus = std::make_unique<ClipboardModule>(settings),
             .finderFix = std::make_unique<FinderFixModule>(settings),
-            .keyMapper = std::make_unique<KeyMapperModule>(settings),
+            .keyMapper = KeyMapperModule::create(),
             .quickVolume = std::make_unique<QuickVolumeModule>(settings)};
 }
 

@@ -8,6 +8,9 @@ T.Button {
     id: button
 
     property string symbol
+    /// Whether it takes something away.
+    property bool destructive: false
+    readonly property color quietColor: destructive ? Theme.colors.danger : Theme.colors.secondaryText
 
     implicitWidth: Theme.controlHeight
     implicitHeight: Theme.controlHeight
@@ -18,7 +21,7 @@ T.Button {
             anchors.centerIn: parent
             name: button.symbol
             size: Theme.symbolSize
-            color: button.hovered || button.down ? Theme.colors.text : Theme.colors.secondaryText
+            color: !button.destructive && (button.hovered || button.down) ? Theme.colors.text : button.quietColor
         }
     }
 
