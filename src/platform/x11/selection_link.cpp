@@ -127,6 +127,11 @@ std::optional<ProcessId> SelectionLink::process(xcb_window_t window) {
     return std::nullopt;
 }
 
+xcb_atom_t SelectionLink::type(xcb_window_t window, xcb_atom_t property) {
+    const auto reply = part(connection_, window, property, 0, 0);
+    return reply ? reply->type : xcb_atom_t(XCB_NONE);
+}
+
 SelectionLink::Value SelectionLink::take(xcb_window_t window, xcb_atom_t property, qsizetype cap) {
     Value value;
     for (;;) {

@@ -60,6 +60,8 @@ public:
         /// The units of a list of 32-bit values; none of anything else.
         std::vector<std::uint32_t> values() const;
     };
+    /// The type of a property; none where there is no such property.
+    xcb_atom_t type(xcb_window_t window, xcb_atom_t property);
     /// Reads a property in pieces and removes it. Above `cap` bytes nothing is read.
     Value take(xcb_window_t window, xcb_atom_t property, qsizetype cap);
 

@@ -13,6 +13,9 @@ constexpr qsizetype longestTargets = 1 << 16;
 /// So many windows of talks that were broken off are kept for owners that may still answer into them.
 constexpr std::size_t mostRetired = 16;
 
+/// So many pieces of what nobody wants any more are still taken.
+constexpr int mostDiscarded = 4096;
+
 }  // namespace
 
 SelectionReader::SelectionReader(SelectionLink &link, xcb_atom_t selection, Answered answered)
@@ -77,14 +80,16 @@ void SelectionReader::notified(const xcb_selection_notify_event_t &event) {
         event.property == XCB_NONE ? refused(talk) : takeAnswer(talk);
         return;
     }
-    destroyRetired(event.requestor);
+    retiredNotified(event);
 }
 
 void SelectionReader::propertyChanged(const xcb_property_notify_event_t &event) {
     if (event.state != XCB_PROPERTY_NEW_VALUE || event.atom != property_)
         return;
     const auto talk = talkAt(event.window);
-    if (talk != talks_.end() && talk->step == Step::pieces)
+    if (talk == talks_.end())
+        discardPiece(event.window);
+    else if (talk->step == Step::pieces)
         takePiece(talk);
 }
 
@@ -199,21 +204,45 @@ void SelectionReader::endAll(SelectionAnswer::Status status) {
     }
 }
 
-/// A program that answers into a window that is gone may fall over its error, and what it holds with it.
+/// A program that answers into a window that is gone may fall over its error, and one whose pieces nobody
+/// takes may serve nobody else.
 void SelectionReader::retire(const Talk &talk) {
-    retired_.push_back(talk.window);
+    const bool isInPieces = talk.step == Step::pieces;
+    retired_.push_back({talk.window, isInPieces ? mostDiscarded : 0});
+    if (isInPieces)
+        xcb_delete_property(link_.connection(), talk.window, property_);
     if (retired_.size() <= mostRetired)
         return;
-    xcb_destroy_window(link_.connection(), retired_.front());
+    xcb_destroy_window(link_.connection(), retired_.front().window);
     retired_.pop_front();
 }
 
-void SelectionReader::destroyRetired(xcb_window_t window) {
-    const auto retired = std::find(retired_.begin(), retired_.end(), window);
+void SelectionReader::retiredNotified(const xcb_selection_notify_event_t &event) {
+    const auto retired = retiredAt(event.requestor);
     if (retired == retired_.end())
         return;
-    xcb_destroy_window(link_.connection(), window);
-    retired_.erase(retired);
+    const bool isInPieces =
+        event.property != XCB_NONE && link_.type(event.requestor, property_) == incremental_;
+    if (isInPieces) {
+        retired->piecesLeft = mostDiscarded;
+        xcb_delete_property(link_.connection(), event.requestor, property_);
+    } else {
+        xcb_destroy_window(link_.connection(), event.requestor);
+        retired_.erase(retired);
+    }
+}
+
+void SelectionReader::discardPiece(xcb_window_t window) {
+    const auto retired = retiredAt(window);
+    if (retired == retired_.end() || retired->piecesLeft == 0)
+        return;
+    xcb_delete_property(link_.connection(), window, property_);
+    --retired->piecesLeft;
+}
+
+std::deque<SelectionReader::Retired>::iterator SelectionReader::retiredAt(xcb_window_t window) {
+    return std::find_if(retired_.begin(), retired_.end(),
+                        [window](const Retired &each) { return each.window == window; });
 }
 
 }  // namespace pimloft

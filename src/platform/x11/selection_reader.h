@@ -41,6 +41,11 @@ private:
         SelectionLink::Value received = {};
     };
     using Talks = std::list<Talk>;
+    /// The window of a talk that was broken off, to which the owner may still answer.
+    struct Retired {
+        xcb_window_t window;
+        int piecesLeft;  ///< that are taken from the owner, so that it comes to an end
+    };
     Talks::iterator talkAt(xcb_window_t window);
 
     void convert(Talk &talk, xcb_atom_t target);
@@ -53,7 +58,9 @@ private:
     void end(Talks::iterator talk, SelectionAnswer answer);
     void endAll(SelectionAnswer::Status status);
     void retire(const Talk &talk);
-    void destroyRetired(xcb_window_t window);
+    std::deque<Retired>::iterator retiredAt(xcb_window_t window);
+    void retiredNotified(const xcb_selection_notify_event_t &event);
+    void discardPiece(xcb_window_t window);
     qsizetype cap(const Talk &talk) const;
 
     SelectionLink &link_;
@@ -67,7 +74,7 @@ private:
     bool isOwnerGone_ = false;
     std::optional<std::vector<xcb_atom_t>> offered_;  ///< by this owner; nothing until it was asked
     Talks talks_;
-    std::deque<xcb_window_t> retired_;  ///< of talks that were broken off
+    std::deque<Retired> retired_;
 };
 
 }  // namespace pimloft
