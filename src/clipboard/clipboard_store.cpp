@@ -5,6 +5,7 @@
 #include "app/settings_keys.h"
 #include "app/settings_manager.h"
 #include "base/atomic_file.h"
+#include "base/console.h"
 #include "platform/preferences/preferences.h"
 
 #include <algorithm>
@@ -24,20 +25,19 @@ ClipboardStore &ClipboardStore::shared() {
 }
 
 ClipboardStore::ClipboardStore(PreferencesService &defaults, const QString &supportFolder)
-    : defaults_(defaults), storageURL_(supportFolder + QStringLiteral("/clipboard_history.json")) {
+    : defaults_(defaults), file_(supportFolder + QStringLiteral("/clipboard_history.json")) {
     makePrivateFolder(supportFolder);
     loadFromDisk();
 }
 
-ClipboardStore::~ClipboardStore() = default;
-
 void ClipboardStore::add(const ClipboardItem &item) {
     if (!items_.empty() && items_.front().content == item.content)
         return;
+    // Not by reference: it may be one of those that go.
     const ClipboardItem added = item;
-    std::erase_if(items_,
-                  [&](const ClipboardItem &each) { return !each.isPinned && each.content == added.content; });
+    removeWhere([&](const ClipboardItem &each) { return !each.isPinned && each.content == added.content; });
     items_.insert(items_.begin(), added);
+    derived_.insert(derived_.begin(), Derived{});
     enforceMaxItems();
     emit itemsChanged();
     saveToDisk();
@@ -48,19 +48,19 @@ void ClipboardStore::togglePin(const ClipboardItem &item) {
     if (found == items_.end())
         return;
     found->isPinned = !found->isPinned;
+    derived_[std::size_t(found - items_.begin())].place = {};
     emit itemsChanged();
     saveToDisk();
 }
 
 void ClipboardStore::remove(const ClipboardItem &item) {
-    const QUuid id = item.id;
-    if (std::erase_if(items_, [&](const ClipboardItem &each) { return each.id == id; }) > 0)
+    if (removeWhere([id = item.id](const ClipboardItem &each) { return each.id == id; }))
         emit itemsChanged();
     saveToDisk();
 }
 
 void ClipboardStore::removeAll() {
-    if (std::erase_if(items_, [](const ClipboardItem &each) { return !each.isPinned; }) > 0)
+    if (removeWhere([](const ClipboardItem &each) { return !each.isPinned; }))
         emit itemsChanged();
     saveToDisk();
 }
@@ -68,12 +68,28 @@ void ClipboardStore::removeAll() {
 void ClipboardStore::enforceMaxItems() {
     const qint64 stored = defaults_.integer(SettingsKeys::clipboardMaxItems);
     const qint64 max = stored == 0 ? usualMaxItems : stored;
-    const qint64 pinnedCount =
+    const auto pinnedCount =
         std::count_if(items_.begin(), items_.end(), [](const ClipboardItem &each) { return each.isPinned; });
     const qint64 allowedUnpinned = max - pinnedCount;
     qint64 unpinned = 0;
-    std::erase_if(items_,
-                  [&](const ClipboardItem &each) { return !each.isPinned && ++unpinned > allowedUnpinned; });
+    removeWhere([&](const ClipboardItem &each) { return !each.isPinned && ++unpinned > allowedUnpinned; });
+}
+
+bool ClipboardStore::removeWhere(const std::function<bool(const ClipboardItem &)> &goes) {
+    std::size_t kept = 0;
+    for (std::size_t index = 0; index < items_.size(); ++index) {
+        if (goes(items_[index]))
+            continue;
+        if (kept != index) {
+            items_[kept] = std::move(items_[index]);
+            derived_[kept] = std::move(derived_[index]);
+        }
+        ++kept;
+    }
+    const bool anyWent = kept < items_.size();
+    items_.resize(kept);
+    derived_.resize(kept);
+    return anyWent;
 }
 
 void ClipboardStore::setSearchQuery(const QString &query) {
@@ -86,21 +102,48 @@ void ClipboardStore::setSearchQuery(const QString &query) {
 std::vector<const ClipboardItem *> ClipboardStore::filteredItems() const {
     const QString query = searchQuery_.toLower();
     std::vector<const ClipboardItem *> found;
-    for (const ClipboardItem &item : items_)
-        if (query.isEmpty() || preview(item).toLower().contains(query) ||
-            item.sourceApp.toLower().contains(query))
-            found.push_back(&item);
+    for (std::size_t index = 0; index < items_.size(); ++index)
+        if (searchQuery_.isEmpty() || matches(index, query))
+            found.push_back(&items_[index]);
     return found;
 }
 
+bool ClipboardStore::matches(std::size_t index, const QString &lowerCaseQuery) const {
+    preview(index);
+    const Derived &derived = derived_[index];
+    return derived.searchablePreview.contains(lowerCaseQuery) ||
+           derived.searchableSource.contains(lowerCaseQuery);
+}
+
+const QString &ClipboardStore::preview(std::size_t index) const {
+    const ClipboardItem &item = items_[index];
+    const Derived &derived = derived_[index];
+    if (!derived.preview) {
+        derived.preview = item.preview();
+        derived.searchablePreview = derived.preview->toLower();
+        derived.searchableSource = item.sourceApp.toLower();
+    }
+    return *derived.preview;
+}
+
 QString ClipboardStore::preview(const ClipboardItem &item) const {
-    return item.preview();
+    const auto found =
+        std::find_if(items_.begin(), items_.end(), [&](const ClipboardItem &each) { return &each == &item; });
+    return found == items_.end() ? item.preview() : preview(std::size_t(found - items_.begin()));
 }
 
 void ClipboardStore::saveToDisk() {
+    const auto entry = [this](std::size_t index) -> HistoryFile::Entry {
+        return {items_[index], derived_[index].place};
+    };
+    if (const auto failure = file_.save(items_.size(), entry))
+        printLine(QStringLiteral("ClipboardStore: Failed to save: ") + *failure);
 }
 
 void ClipboardStore::loadFromDisk() {
+    if (const auto failure = file_.load(items_))
+        printLine(QStringLiteral("ClipboardStore: Failed to load: ") + *failure);
+    derived_.resize(items_.size());
 }
 
 }  // namespace pimloft

@@ -2,10 +2,11 @@
 #pragma once
 
 #include "clipboard/clipboard_item.h"
+#include "clipboard/history_file.h"
 
 #include <QObject>
 
-#include <memory>
+#include <functional>
 #include <vector>
 
 namespace pimloft {
@@ -23,7 +24,6 @@ public:
     static ClipboardStore &shared();
     /// Reads the history that an earlier run left in `supportFolder`, which is made if need be.
     ClipboardStore(PreferencesService &defaults, const QString &supportFolder);
-    ~ClipboardStore() override;
 
     /// Records a new copy on top, unless the newest entry holds the same. Unpinned entries with the same
     /// content go, and so do the oldest unpinned ones above the limit.
@@ -53,12 +53,25 @@ signals:
     void searchQueryChanged();
 
 private:
+    /// What is worked out from an entry.
+    struct Derived {
+        HistoryPlace place;  ///< unknown once the entry has changed
+        /// The rest is made when it is first asked for.
+        mutable std::optional<QString> preview;
+        mutable QString searchablePreview;  ///< in lower case, as the next
+        mutable QString searchableSource;
+    };
     void loadFromDisk();
     void enforceMaxItems();
+    /// Answers whether any entry went.
+    bool removeWhere(const std::function<bool(const ClipboardItem &)> &goes);
+    const QString &preview(std::size_t index) const;
+    bool matches(std::size_t index, const QString &lowerCaseQuery) const;
 
     PreferencesService &defaults_;
-    QString storageURL_;
+    HistoryFile file_;
     std::vector<ClipboardItem> items_;
+    std::vector<Derived> derived_;  ///< one for each entry, in their order
     QString searchQuery_;
 };
 
