@@ -127,9 +127,9 @@ const QString &ClipboardStore::preview(std::size_t index) const {
 }
 
 QString ClipboardStore::preview(const ClipboardItem &item) const {
-    const auto found =
-        std::find_if(items_.begin(), items_.end(), [&](const ClipboardItem &each) { return &each == &item; });
-    return found == items_.end() ? item.preview() : preview(std::size_t(found - items_.begin()));
+    const ClipboardItem *const first = items_.data();
+    const bool isOurs = std::greater_equal<>()(&item, first) && std::less<>()(&item, first + items_.size());
+    return isOurs ? preview(std::size_t(&item - first)) : item.preview();
 }
 
 void ClipboardStore::saveToDisk() {

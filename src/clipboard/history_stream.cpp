@@ -17,12 +17,12 @@ const char *find(const char *begin, const char *end, char c) {
     return found ? static_cast<const char *>(found) : end;
 }
 
-bool hasControls(const char *begin, const char *end) {
-    // Without an early end, so that the compiler can look at many at once.
+const char *findControl(const char *begin, const char *end) {
+    // At first without an early end, so that the compiler can look at many at once.
     std::uint8_t found = 0;
     for (const char *each = begin; each != end; ++each)
         found |= std::uint8_t(std::uint8_t(*each) < 0x20);
-    return found != 0;
+    return found ? std::find_if(begin, end, [](char c) { return std::uint8_t(c) < 0x20; }) : end;
 }
 
 }  // namespace
@@ -67,7 +67,7 @@ bool HistoryStream::fill() {
     isOver_ = size <= 0;
     next_ = buffer_.get();
     end_ = next_ + std::max<qint64>(size, 0);
-    quote_ = nullptr;
+    limit_ = nullptr;
     return !isOver_;
 }
 
@@ -94,20 +94,21 @@ void HistoryStream::moveRun() {
         const char *const end = endOfRun();
         stage({next_, end});
         next_ = end;
-        if (end != end_)
+        if (end == end_)
+            continue;
+        // By far the most frequent escape is that of a slash within a picture: one in 64 characters.
+        if (end + 1 >= end_ || end[0] != '\\' || end[1] != '/')
             return;
+        ++next_;
     }
 }
 
 /// Where the next quotation mark, backslash or control character is.
 const char *HistoryStream::endOfRun() {
-    // Pictures have a backslash every 64 characters and one quotation mark: it is looked for once.
-    if (!quote_ || quote_ < next_)
-        quote_ = find(next_, end_, '"');
-    const char *const end = find(next_, quote_, '\\');
-    if (!hasControls(next_, end))
-        return end;
-    return std::find_if(next_, end, [](char c) { return std::uint8_t(c) < 0x20; });
+    // Within a picture there are many backslashes, and nothing else that would end it.
+    if (!limit_ || limit_ < next_)
+        limit_ = findControl(next_, find(next_, end_, '"'));
+    return find(next_, limit_, '\\');
 }
 
 HistoryStream::Ch *HistoryStream::PutBegin() {

@@ -39,8 +39,8 @@ private:
 /// A history file on its way through RapidJSON's reader, a piece at a time. Any thread.
 ///
 /// To the reader it is a stream that is parsed in place: what the reader puts is a string without its
-/// escapes, and goes to `text`. Long runs without escapes do not pass the reader at all: `Peek` moves them to
-/// the text at once and shows the reader only what ends them.
+/// escapes, and goes to `text`. Long runs without escapes, but for that of a slash, do not pass the reader at
+/// all: `Peek` moves them to the text at once and shows the reader only what ends them.
 class HistoryStream {
 public:
     using Ch = char;
@@ -75,7 +75,7 @@ private:
     std::unique_ptr<char[]> buffer_;
     const char *next_;
     const char *end_;
-    const char *quote_ = nullptr;  ///< the next quotation mark, where it is known
+    const char *limit_ = nullptr;  ///< the next quotation mark or control character, where it is known
     qint64 before_ = 0;            ///< how much of the file came before the buffer
     bool hasFailed_ = false;
     bool isOver_ = false;
