@@ -23,12 +23,6 @@ namespace {
 
 constexpr std::chrono::milliseconds pollingInterval{500};
 
-/// Pictures of 50 MB and more are skipped.
-constexpr qsizetype largestImage = 49'999'999;
-
-/// Nothing else that a user copies on purpose comes near it; it only bounds what a broken program can do.
-constexpr qsizetype largestOther = 500'000'000;
-
 /// Password managers, by the beginning of their identifiers.
 constexpr std::array keptOut{
     QLatin1String("com.1password"),

@@ -30,6 +30,11 @@ class ClipboardEngine : public QObject {
     Q_OBJECT
 
 public:
+    /// Pictures of 50 MB and more are skipped.
+    static constexpr qsizetype largestImage = 49'999'999;
+    /// Nothing else that a user copies on purpose comes near it; it only bounds what a broken program can do.
+    static constexpr qsizetype largestOther = 500'000'000;
+
     static ClipboardEngine &shared();
     ClipboardEngine(PasteboardService &pasteboard, WorkspaceService &workspace, KeyPoster &keys,
                     ClipboardStore &store, PreferencesService &defaults, const Clock &clock);
