@@ -2,6 +2,7 @@
 #include "clipboard/clipboard_preview.h"
 
 #include "clipboard/byte_count.h"
+#include "clipboard/picture_formats.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -96,8 +97,7 @@ QSize imageSize(const QByteArray &bytes) {
     QBuffer buffer;
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);
-    // Asked by name: some formats are so loosely marked that anything passes for them.
-    for (const char *format : {"png", "tiff", "jpeg", "gif", "bmp", "webp"}) {
+    for (const char *format : pictureFormats) {
         buffer.seek(0);
         QImageReader reader(&buffer, format);
         if (!reader.canRead())
