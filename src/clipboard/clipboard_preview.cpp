@@ -2,10 +2,8 @@
 #include "clipboard/clipboard_preview.h"
 
 #include "clipboard/byte_count.h"
-#include "clipboard/picture_formats.h"
+#include "clipboard/picture_size.h"
 
-#include <QBuffer>
-#include <QImageReader>
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
@@ -92,24 +90,8 @@ QString htmlPreview(QStringView html) {
     return text;
 }
 
-/// In pixels, from the picture's header. Invalid when it is no picture that can be read.
-QSize imageSize(const QByteArray &bytes) {
-    QBuffer buffer;
-    buffer.setData(bytes);
-    buffer.open(QIODevice::ReadOnly);
-    for (const char *format : pictureFormats) {
-        buffer.seek(0);
-        QImageReader reader(&buffer, format);
-        if (!reader.canRead())
-            continue;
-        if (const QSize size = reader.size(); !size.isEmpty())
-            return size;
-    }
-    return {};
-}
-
 QString imagePreview(const QByteArray &bytes) {
-    const QSize size = imageSize(bytes);
+    const QSize size = pictureSize(bytes);
     if (!size.isValid())
         return QStringLiteral("Image (%1)").arg(byteCountText(bytes.size()));
     return QStringLiteral("Image %1\u00D7%2").arg(size.width()).arg(size.height());

@@ -117,7 +117,7 @@ QByteArray numberText(double value) {
     constexpr double largestPlain = 18'014'398'509'481'984;  // 2^54
     constexpr double smallestPlain = 1e-4;
     const double size = std::abs(value);
-    const bool isPlain = size == 0 || (size >= smallestPlain && size < largestPlain);
+    const bool isPlain = size == 0 || (size >= smallestPlain && size <= largestPlain);
     return QByteArray::number(value, isPlain ? 'f' : 'e', QLocale::FloatingPointShortest);
 }
 

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/thumbnails.h"
 
-#include "clipboard/picture_formats.h"
-
 #include <QBuffer>
 #include <QGuiApplication>
 #include <QImageReader>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace pimloft {
@@ -16,6 +15,10 @@ namespace {
 
 /// Bytes of decoded pictures that are kept.
 constexpr int bound = 8 << 20;
+
+/// What is captured as a picture. Named, since some formats are so loosely marked that anything passes for
+/// them.
+constexpr std::array formats{"png", "tiff"};
 
 /// The size to decode a picture in, so that it covers what is shown of it. Native pixels.
 QSize coveringSize(QSize picture, QSize shown) {
@@ -51,7 +54,7 @@ QImage decode(const QByteArray &bytes, double ratio) {
     QBuffer buffer;
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);
-    for (const char *format : pictureFormats) {
+    for (const char *format : formats) {
         buffer.seek(0);
         QImageReader reader(&buffer, format);
         if (reader.canRead())
