@@ -21,6 +21,7 @@ constexpr struct {
     {"drag", measureDrag},
     {"placement", measurePlacement},
     {"pasteboard", measurePasteboard},
+    {"popup", measurePopup},
     {"rules", measureRules},
 };
 
@@ -36,7 +37,7 @@ int main(int argc, char **argv) {
                       QStringLiteral("folder"), QStringLiteral("bench")});
     parser.addPositionalArgument(
         QStringLiteral("name"),
-        QStringLiteral("start, rest, drag, placement, pasteboard, rules; all without one"),
+        QStringLiteral("start, rest, drag, placement, pasteboard, popup, rules; all without one"),
         QStringLiteral("[name...]"));
     parser.process(application);
     const QStringList wanted = parser.positionalArguments();

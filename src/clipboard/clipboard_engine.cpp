@@ -2,14 +2,13 @@
 #include "clipboard/clipboard_engine.h"
 
 #include "app/process.h"
-#include "app/settings_keys.h"
 #include "app/settings_manager.h"
 #include "base/clock.h"
+#include "clipboard/clipboard_preferences.h"
 #include "clipboard/clipboard_store.h"
 #include "clipboard/utf8_text.h"
 #include "platform/events/key_poster.h"
 #include "platform/pasteboard/pasteboard.h"
-#include "platform/preferences/preferences.h"
 #include "platform/workspace/workspace.h"
 
 #include <QLocale>
@@ -30,9 +29,6 @@ constexpr std::array keptOut{
     QLatin1String("com.bitwarden.desktop"),
     QLatin1String("com.lastpass.LastPass"),
 };
-
-const QStringList usuallyExcludedApps{QStringLiteral("1Password"), QStringLiteral("Bitwarden"),
-                                      QStringLiteral("LastPass")};
 
 bool isKeptOut(const std::optional<QString> &bundleId) {
     return bundleId && std::any_of(keptOut.begin(), keptOut.end(),
@@ -123,8 +119,7 @@ bool ClipboardEngine::isKeptOut(const PasteOrigin &origin) {
 }
 
 bool ClipboardEngine::isExcludedApp(const QString &name) const {
-    const QStringList excluded =
-        defaults_.texts(SettingsKeys::clipboardExcludedApps).value_or(usuallyExcludedApps);
+    const QStringList excluded = excludedApps(defaults_);
     return std::any_of(excluded.begin(), excluded.end(),
                        [&](const QString &part) { return !part.isEmpty() && contains(name, part); });
 }

@@ -5,17 +5,11 @@
 #include "app/process.h"
 #include "app/settings_manager.h"
 #include "clipboard/clipboard_engine.h"
+#include "clipboard/clipboard_shortcuts.h"
 #include "clipboard/clipboard_store.h"
 #include "platform/pasteboard/pasteboard.h"
 
 namespace pimloft {
-
-namespace {
-
-constexpr CarbonModifiers popupModifiers = CarbonModifiers::command | CarbonModifiers::shift;
-constexpr CarbonModifiers plainTextModifiers = popupModifiers | CarbonModifiers::control;
-
-}  // namespace
 
 std::unique_ptr<ClipboardModule> ClipboardModule::create() {
     Process &process = Process::current();
@@ -44,7 +38,7 @@ ClipboardModule::ClipboardModule(SettingsManager &settings, HotkeyManager &hotke
                      .requiresAccessibility = false},
                     settings),
       hotkeys_(hotkeys), pasteboard_(pasteboard), engine_(engine),
-      popupController_(store, engine, desktop, std::move(views)) {
+      popupController_(store, engine, desktop, std::move(views)), pageModel_(settings, store, hotkeys) {
 }
 
 ClipboardModule::~ClipboardModule() {
@@ -55,9 +49,10 @@ void ClipboardModule::activate() {
     engine_.start();
     if (clipboardPopupHotkeyID_ != 0)
         return;
-    clipboardPopupHotkeyID_ = hotkeys_.registerHotkey(Key::v, popupModifiers, [this] { togglePopup(); });
-    plainTextPasteHotkeyID_ =
-        hotkeys_.registerHotkey(Key::v, plainTextModifiers, [this] { pasteAsPlainText(); });
+    clipboardPopupHotkeyID_ =
+        hotkeys_.registerHotkey(popupShortcut.key, popupShortcut.modifiers, [this] { togglePopup(); });
+    plainTextPasteHotkeyID_ = hotkeys_.registerHotkey(plainTextShortcut.key, plainTextShortcut.modifiers,
+                                                      [this] { pasteAsPlainText(); });
 }
 
 void ClipboardModule::deactivate() {
@@ -98,7 +93,8 @@ void ClipboardModule::pastePlainText(const PasteData &text, bool isKeptOut) {
 }
 
 std::optional<Page> ClipboardModule::settingsView() {
-    return std::nullopt;
+    return Page{QUrl(QStringLiteral("qrc:/qt/qml/Pimloft/Clipboard/ClipboardSettings.qml")),
+                {{QStringLiteral("settings"), QVariant::fromValue<QObject *>(&pageModel_)}}};
 }
 
 }  // namespace pimloft

@@ -3,6 +3,7 @@
 
 #include "app/pimloft_module.h"
 #include "clipboard/clipboard_popup_controller.h"
+#include "clipboard/clipboard_settings.h"
 
 namespace pimloft {
 
@@ -42,6 +43,7 @@ private:
     PasteboardService &pasteboard_;
     ClipboardEngine &engine_;
     ClipboardPopupController popupController_;
+    ClipboardSettings pageModel_;
     std::uint32_t clipboardPopupHotkeyID_ = 0;
     std::uint32_t plainTextPasteHotkeyID_ = 0;
 };

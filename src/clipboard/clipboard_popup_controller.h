@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/panel_fade.h"
+#include "clipboard/thumbnails.h"
 
 #include <QObject>
 
@@ -11,6 +12,7 @@
 namespace pimloft {
 
 class ClipboardEngine;
+class ClipboardPopup;
 class ClipboardStore;
 class Clock;
 class DisplayService;
@@ -49,10 +51,16 @@ public:
     const Panel *popupWindow() const { return popupWindow_.get(); }
 
 private:
+    std::unique_ptr<Panel> makePanel(ViewHost &views, double shadow);
+    void close();
+    void forgetRemoved();
+
     ClipboardStore &store_;
     ClipboardEngine &engine_;
     const Desktop desktop_;
     const std::function<ViewHost *()> views_;
+    Thumbnails thumbnails_;
+    std::unique_ptr<ClipboardPopup> popup_;  ///< what the view in popupWindow_ shows
     std::unique_ptr<Panel> popupWindow_;
     PanelFade fade_;
 };

@@ -2,21 +2,14 @@
 #include "clipboard/clipboard_store.h"
 
 #include "app/process.h"
-#include "app/settings_keys.h"
 #include "app/settings_manager.h"
 #include "base/atomic_file.h"
 #include "base/console.h"
-#include "platform/preferences/preferences.h"
+#include "clipboard/clipboard_preferences.h"
 
 #include <algorithm>
 
 namespace pimloft {
-
-namespace {
-
-constexpr qint64 usualMaxItems = 50;
-
-}  // namespace
 
 ClipboardStore &ClipboardStore::shared() {
     return Process::current().shared<ClipboardStore>([](Process &process) {
@@ -66,11 +59,9 @@ void ClipboardStore::removeAll() {
 }
 
 void ClipboardStore::enforceMaxItems() {
-    const qint64 stored = defaults_.integer(SettingsKeys::clipboardMaxItems);
-    const qint64 max = stored == 0 ? usualMaxItems : stored;
     const auto pinnedCount =
         std::count_if(items_.begin(), items_.end(), [](const ClipboardItem &each) { return each.isPinned; });
-    const qint64 allowedUnpinned = max - pinnedCount;
+    const qint64 allowedUnpinned = maxItems(defaults_) - pinnedCount;
     qint64 unpinned = 0;
     removeWhere([&](const ClipboardItem &each) { return !each.isPinned && ++unpinned > allowedUnpinned; });
 }

@@ -44,6 +44,7 @@ struct ThemeColors {
     Q_PROPERTY(QColor successSoft MEMBER successSoft)
     Q_PROPERTY(QColor warning MEMBER warning)
     Q_PROPERTY(QColor warningSoft MEMBER warningSoft)
+    Q_PROPERTY(QColor pinned MEMBER pinned)
     Q_PROPERTY(QColor focusRing MEMBER focusRing)
 
 public:
@@ -72,6 +73,7 @@ public:
     QColor successSoft;
     QColor warning;  ///< text and symbols on window, card and warningSoft
     QColor warningSoft;
+    QColor pinned;     ///< the mark of what is kept, on window
     QColor focusRing;  ///< around what has the keyboard
 
     static ThemeColors light();
