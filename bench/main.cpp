@@ -16,8 +16,13 @@ constexpr struct {
     const char *name;
     void (*measure)(Table &, Extent);
 } measures[] = {
-    {"start", measureStart},         {"rest", measureRest},   {"drag", measureDrag},
-    {"placement", measurePlacement}, {"rules", measureRules},
+    {"start", measureStart},
+    {"rest", measureRest},
+    {"drag", measureDrag},
+    {"placement", measurePlacement},
+    {"pasteboard", measurePasteboard},
+    {"popup", measurePopup},
+    {"rules", measureRules},
 };
 
 }  // namespace
@@ -30,9 +35,10 @@ int main(int argc, char **argv) {
     parser.addOption({QStringLiteral("quick"), QStringLiteral("Fewer samples, no minute-long waits.")});
     parser.addOption({QStringLiteral("samples"), QStringLiteral("Where the samples are kept."),
                       QStringLiteral("folder"), QStringLiteral("bench")});
-    parser.addPositionalArgument(QStringLiteral("name"),
-                                 QStringLiteral("start, rest, drag, placement, rules; all without one"),
-                                 QStringLiteral("[name...]"));
+    parser.addPositionalArgument(
+        QStringLiteral("name"),
+        QStringLiteral("start, rest, drag, placement, pasteboard, popup, rules; all without one"),
+        QStringLiteral("[name...]"));
     parser.process(application);
     const QStringList wanted = parser.positionalArguments();
     Table table(parser.value(QStringLiteral("samples")));

@@ -17,7 +17,7 @@ namespace {
 AppState::Modules makeModules() {
     SettingsManager &settings = SettingsManager::shared();
     return {.windowSnap = WindowSnapModule::create(),
-            .clipboardPlus = std::make_unique<ClipboardModule>(settings),
+            .clipboardPlus = ClipboardModule::create(),
             .finderFix = std::make_unique<FinderFixModule>(settings),
             .keyMapper = KeyMapperModule::create(),
             .quickVolume = std::make_unique<QuickVolumeModule>(settings)};

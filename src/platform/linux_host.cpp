@@ -51,8 +51,9 @@ public:
                                                                          .activeWindow = activeWindow_,
                                                                          .compositor = compositor_}),
           keys_(
-              keyboard_, [this] { panels_.endTyping(); }, [this] { return workspace_.frontmostChord(); }),
-          keyTap_(keyboard_, dirs.keyGuard) {}
+              keyboard_, [this] { panels_.endTyping(); }, [this] { return chordInFront(); }),
+          keyTap_(keyboard_, dirs.keyGuard),
+          pasteboard_([this](ProcessId process) { return workspace_.bundleId(process); }) {}
 
     Platform platform() override {
         return {.appearance = appearance_,
@@ -72,6 +73,14 @@ public:
     }
 
 private:
+    /// What is typed next may paste, and programs of the oldest kind paste the primary selection.
+    ShortcutChord chordInFront() {
+        const ShortcutChord chord = workspace_.frontmostChord();
+        if (chord == ShortcutChord::shiftInsert)
+            pasteboard_.offerAsPrimary();
+        return chord;
+    }
+
     const QString sessionType_ = qEnvironmentVariable("XDG_SESSION_TYPE");
     const QDBusConnection bus_ = QDBusConnection::sessionBus();
     X11Session session_;

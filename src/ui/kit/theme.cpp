@@ -74,6 +74,7 @@ ThemeColors ThemeColors::light() {
     colors.warning = 0xa34a08;
     colors.warningSoft = 0xfdf0dc;
     colors.danger = 0xc8281e;
+    colors.pinned = 0xd96a00;
     colors.focusRing = 0x5b8df5;
     colors.shade = QColor(0x16, 0x18, 0x20, 92);
     return colors;
@@ -107,6 +108,7 @@ ThemeColors ThemeColors::dark() {
     colors.warning = 0xf6b73c;
     colors.warningSoft = 0x3d3019;
     colors.danger = 0xff6b61;
+    colors.pinned = 0xff9f2e;
     colors.focusRing = 0x6b9dfb;
     colors.shade = QColor(0, 0, 0, 150);
     return colors;

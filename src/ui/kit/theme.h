@@ -45,6 +45,7 @@ struct ThemeColors {
     Q_PROPERTY(QColor warning MEMBER warning)
     Q_PROPERTY(QColor warningSoft MEMBER warningSoft)
     Q_PROPERTY(QColor danger MEMBER danger)
+    Q_PROPERTY(QColor pinned MEMBER pinned)
     Q_PROPERTY(QColor focusRing MEMBER focusRing)
     Q_PROPERTY(QColor shade MEMBER shade)
 
@@ -75,6 +76,7 @@ public:
     QColor warning;  ///< text and symbols on window, card and warningSoft
     QColor warningSoft;
     QColor danger;     ///< symbols on card that stand for taking something away
+    QColor pinned;     ///< the mark of what is kept, on window
     QColor focusRing;  ///< around what has the keyboard
     QColor shade;      ///< over a window behind a sheet; lets it shine through
 
