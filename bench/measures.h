@@ -18,6 +18,10 @@ void measureRest(Table &table, Extent extent);
 void measureDrag(Table &table, Extent extent);
 /// From letting go of a window to its exact frame.
 void measurePlacement(Table &table, Extent extent);
+/// A large picture through the clipboard, both ways.
+void measurePasteboard(Table &table, Extent extent);
+/// From the shortcut to the popup with the clipboard history.
+void measurePopup(Table &table, Extent extent);
 /// The rules that run at every pointer event.
 void measureRules(Table &table, Extent extent);
 /// What the key tap adds to the way of a key to its window.

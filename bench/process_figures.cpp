@@ -32,6 +32,15 @@ Memory memoryOf(pid_t process) {
             (valueOf(file, "Private_Clean:") + valueOf(file, "Private_Dirty:")) / kilobytes};
 }
 
+double peakMemory() {
+    constexpr double bytesPerKilobyte = 1024;
+    return valueOf("/proc/self/status", "VmHWM:") * bytesPerKilobyte / 1e6;
+}
+
+void forgetPeak() {
+    std::ofstream("/proc/self/clear_refs") << 5;
+}
+
 Activity activityOf(pid_t process) {
     Activity activity = {0, 0};
     std::error_code gone;

@@ -13,6 +13,10 @@ struct Memory {
 };
 Memory memoryOf(pid_t process);
 
+/// The most memory that this process itself had in place since `forgetPeak`, in MB.
+double peakMemory();
+void forgetPeak();
+
 struct Activity {
     double cpuSeconds;  ///< of all its threads
     double wakeUps;     ///< how often a thread of it went to sleep by itself

@@ -54,6 +54,7 @@ int run(QApplication &application, Instance &instance, CommandLine::Action actio
     Process process(host->platform(), clock, dirs);
 
     QuickViewHost views(process.platform().displays, Theme::shared());
+    process.setViews(&views);
     AppDelegate delegate(SettingsManager::shared(), views, &AppState::shared);
     delegate.applicationDidFinishLaunching();
     PimloftApp app(process, AppState::shared(), views);
@@ -80,6 +81,7 @@ int run(QApplication &application, Instance &instance, CommandLine::Action actio
     const int result = application.exec();
     instance.onCommand = nullptr;
     delegate.applicationWillTerminate();
+    process.setViews(nullptr);
     return result;
 }
 

@@ -17,9 +17,9 @@ namespace {
 AppState::Modules makeModules() {
     SettingsManager &settings = SettingsManager::shared();
     return {.windowSnap = WindowSnapModule::create(),
-            .clipboardPlus = std::make_unique<ClipboardModule>(settings),
+            .clipboardPlus = ClipboardModule::create(),
             .finderFix = std::make_unique<FinderFixModule>(settings),
-            .keyMapper = std::make_unique<KeyMapperModule>(settings),
+            .keyMapper = KeyMapperModule::create(),
             .quickVolume = std::make_unique<QuickVolumeModule>(settings)};
 }
 

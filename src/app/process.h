@@ -11,6 +11,8 @@
 
 namespace pimloft {
 
+class ViewHost;
+
 /// What this run of the program was started with, and the owner of its shared instances. `main` makes one and
 /// keeps it for as long as the QApplication runs. Main thread.
 class Process {
@@ -27,6 +29,10 @@ public:
     const Platform &platform() const { return platform_; }
     const Clock &clock() const { return clock_; }
     const Dirs &dirs() const { return dirs_; }
+
+    /// Who makes views; nothing while there is no user interface. Its owner takes it away before it goes.
+    ViewHost *views() const { return views_; }
+    void setViews(ViewHost *views) { views_ = views; }
 
     /// The one instance of T; `make` is called with this process when it is asked for the first time.
     template <typename T, typename Make>
@@ -47,6 +53,7 @@ private:
     Platform platform_;
     const Clock &clock_;
     Dirs dirs_;
+    ViewHost *views_ = nullptr;
     std::vector<Instance> instances_;  ///< in the order of their completion: dependencies first
 };
 

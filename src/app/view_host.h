@@ -8,6 +8,8 @@
 
 #include <memory>
 
+class QWindow;
+
 namespace pimloft {
 
 /// A window to be made around a page.
@@ -38,6 +40,9 @@ public:
     /// Whether this build has the view that `page` names.
     virtual bool offers(const Page &page) const = 0;
     virtual std::unique_ptr<ViewWindow> makeWindow(const WindowDescription &description) = 0;
+    /// The page as a panel shows it: translucent and without a native window yet. Lives no longer than the
+    /// user interface does; what is left of it after that shows nothing.
+    virtual std::unique_ptr<QWindow> makePanelContent(const Page &page) = 0;
 };
 
 }  // namespace pimloft

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "base/atomic_file.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QSaveFile>
 
 #include <cerrno>
 #include <cstring>
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace pimloft {
 
@@ -20,23 +24,60 @@ bool makePrivateFolder(const QString &path) {
     return mkdir(QFile::encodeName(path).constData(), 0700) == 0 || errno == EEXIST;
 }
 
-std::optional<QString> writeAtomically(const QString &path, const QByteArray &bytes) {
+QString errorText(int number) {
+    return QString::fromLocal8Bit(std::strerror(number));
+}
+
+int writeFully(int descriptor, QByteArrayView bytes) {
+    while (!bytes.isEmpty()) {
+        const ssize_t written = write(descriptor, bytes.data(), std::size_t(bytes.size()));
+        if (written < 0 && errno != EINTR)
+            return errno;
+        if (written > 0)
+            bytes = bytes.sliced(written);
+    }
+    return 0;
+}
+
+std::optional<QString> writeAtomically(const QString &path,
+                                       const std::function<std::optional<QString>(int)> &fill) {
     if (!makePrivateFolder(QFileInfo(path).path()))
-        return QString::fromLocal8Bit(std::strerror(errno));
+        return errorText(errno);
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) ||
         !file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner))
         return file.errorString();
-    // On a full disk the last part is cut off, which commit() alone would not notice.
-    errno = 0;
-    if (file.write(bytes) != bytes.size() || !file.flush()) {
-        const int reason = errno;
+    // Tells others that it is not abandoned. Ends with the process, however that ends.
+    flock(file.handle(), LOCK_EX | LOCK_NB);
+    // Past the file's own buffer, which would not tell that a full disk has cut the last part off.
+    if (auto failure = fill(file.handle())) {
         file.cancelWriting();
-        return reason ? QString::fromLocal8Bit(std::strerror(reason)) : file.errorString();
+        return failure;
     }
     if (!file.commit())
         return file.errorString();
     return std::nullopt;
+}
+
+std::optional<QString> writeAtomically(const QString &path, const QByteArray &bytes) {
+    return writeAtomically(path, [&bytes](int descriptor) -> std::optional<QString> {
+        const int error = writeFully(descriptor, bytes);
+        return error ? std::optional(errorText(error)) : std::nullopt;
+    });
+}
+
+void removeAbandonedWrites(const QString &path) {
+    const QFileInfo file(path);
+    const QString temporary = file.fileName() + QStringLiteral(".??????");
+    for (const QFileInfo &each : file.dir().entryInfoList({temporary}, QDir::Files | QDir::Hidden)) {
+        const QByteArray name = QFile::encodeName(each.filePath());
+        const int descriptor = open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+        if (descriptor < 0)
+            continue;
+        if (flock(descriptor, LOCK_EX | LOCK_NB) == 0)
+            unlink(name.constData());
+        close(descriptor);
+    }
 }
 
 }  // namespace pimloft

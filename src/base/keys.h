@@ -13,13 +13,20 @@ namespace Key {
 inline constexpr KeyCode x{7};
 inline constexpr KeyCode c{8};
 inline constexpr KeyCode v{9};
+inline constexpr KeyCode q{12};
 inline constexpr KeyCode digit1{18};
 inline constexpr KeyCode digit2{19};
 inline constexpr KeyCode digit3{20};
 inline constexpr KeyCode digit4{21};
 inline constexpr KeyCode digit5{23};
 inline constexpr KeyCode digit6{22};
+inline constexpr KeyCode tab{48};
+inline constexpr KeyCode space{49};
+inline constexpr KeyCode backspace{51};
 inline constexpr KeyCode rightShift{60};
+inline constexpr KeyCode home{115};
+inline constexpr KeyCode forwardDelete{117};
+inline constexpr KeyCode end{119};
 inline constexpr KeyCode leftArrow{123};
 inline constexpr KeyCode rightArrow{124};
 inline constexpr KeyCode downArrow{125};
@@ -54,6 +61,10 @@ enum class KeyFlags : std::uint64_t {
 
 constexpr KeyFlags operator|(KeyFlags a, KeyFlags b) {
     return KeyFlags(std::uint64_t(a) | std::uint64_t(b));
+}
+/// The keys of `set` that are not in `removed`.
+constexpr KeyFlags operator-(KeyFlags set, KeyFlags removed) {
+    return KeyFlags(std::uint64_t(set) & ~std::uint64_t(removed));
 }
 constexpr bool contains(KeyFlags set, KeyFlags key) {
     return (std::uint64_t(set) & std::uint64_t(key)) == std::uint64_t(key);

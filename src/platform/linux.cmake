@@ -1,5 +1,6 @@
 # The Linux/X11 realisation of every service.
 find_package(PkgConfig REQUIRED)
+find_package(Threads REQUIRED)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET
     xcb xcb-randr xcb-res xcb-shape xcb-xfixes xcb-xinput xcb-xkb xcb-xtest xkbcommon xkbcommon-x11)
 pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-unix-2.0)
@@ -20,12 +21,17 @@ pimloft_library(pimloft_platform_linux
         x11/keymap_image.cpp x11/keymap_image.h
         x11/point_space.cpp x11/point_space.h
         x11/screen_lock.cpp x11/screen_lock.h
+        x11/selection_content.h
+        x11/selection_link.cpp x11/selection_link.h
+        x11/selection_reader.cpp x11/selection_reader.h
+        x11/selection_sender.cpp x11/selection_sender.h
         x11/x11_active_window.cpp x11/x11_active_window.h
         x11/x11_compositor.cpp x11/x11_compositor.h
         x11/x11_keyboard.cpp x11/x11_keyboard.h
         x11/x11_keymap.cpp x11/x11_keymap.h
         x11/x11_obstacle.cpp x11/x11_obstacle.h
         x11/x11_raw_input.cpp x11/x11_raw_input.h
+        x11/x11_selection.cpp x11/x11_selection.h
         x11/x11_session.cpp x11/x11_session.h
         x11/x11_window_geometry.cpp x11/x11_window_geometry.h
         x11/x11_window_info.cpp x11/x11_window_info.h
@@ -55,6 +61,9 @@ pimloft_library(pimloft_platform_linux
         panels/x11_panel.cpp panels/x11_panel.h
         panels/x11_panels.cpp panels/x11_panels.h
         panels/x11_popup.cpp panels/x11_popup.h
+        pasteboard/copied_files.cpp pasteboard/copied_files.h
+        pasteboard/copied_text.cpp pasteboard/copied_text.h
+        pasteboard/paste_targets.cpp pasteboard/paste_targets.h
         pasteboard/x11_pasteboard.cpp pasteboard/x11_pasteboard.h
         preferences/json_preferences.cpp preferences/json_preferences.h
         preferences/preferences_document.cpp preferences/preferences_document.h
@@ -71,4 +80,5 @@ pimloft_library(pimloft_platform_linux
         workspace/window_icon.cpp workspace/window_icon.h
         workspace/x11_clients.cpp workspace/x11_clients.h
         workspace/x11_workspace.cpp workspace/x11_workspace.h
-    LINK pimloft_platform pimloft_x11_keys PkgConfig::XCB PkgConfig::GIO Qt6::Widgets Qt6::DBus Qt6::Network)
+    LINK pimloft_platform pimloft_x11_keys PkgConfig::XCB PkgConfig::GIO Threads::Threads
+        Qt6::Widgets Qt6::DBus Qt6::Network)

@@ -51,7 +51,8 @@ public:
                                                                          .activeWindow = activeWindow_,
                                                                          .compositor = compositor_}),
           keys_(
-              keyboard_, [this] { panels_.endTyping(); }, [this] { return workspace_.frontmostChord(); }) {}
+              keyboard_, [this] { panels_.endTyping(); }, [this] { return chordInFront(); }),
+          pasteboard_([this](ProcessId process) { return workspace_.bundleId(process); }) {}
 
     Platform platform() override {
         return {.appearance = appearance_,
@@ -71,6 +72,14 @@ public:
     }
 
 private:
+    /// What is typed next may paste, and programs of the oldest kind paste the primary selection.
+    ShortcutChord chordInFront() {
+        const ShortcutChord chord = workspace_.frontmostChord();
+        if (chord == ShortcutChord::shiftInsert)
+            pasteboard_.offerAsPrimary();
+        return chord;
+    }
+
     const QString sessionType_ = qEnvironmentVariable("XDG_SESSION_TYPE");
     const QDBusConnection bus_ = QDBusConnection::sessionBus();
     X11Session session_;

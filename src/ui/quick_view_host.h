@@ -18,6 +18,7 @@ public:
 
     bool offers(const Page &page) const override;
     std::unique_ptr<ViewWindow> makeWindow(const WindowDescription &description) override;
+    std::unique_ptr<QWindow> makePanelContent(const Page &page) override;
 
     /// For views that are not windows of their own.
     QuickEngine &engine() { return engine_; }

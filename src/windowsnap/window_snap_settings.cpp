@@ -3,6 +3,7 @@
 
 #include "app/hotkey_manager.h"
 #include "app/settings_manager.h"
+#include "app/shortcut_row.h"
 #include "windowsnap/snap_sensitivity.h"
 #include "windowsnap/snap_shortcuts.h"
 

@@ -9,21 +9,6 @@ namespace pimloft {
 class HotkeyManager;
 class SettingsManager;
 
-/// One line of the page's list of shortcuts. A value.
-struct ShortcutRow {
-    Q_GADGET
-    Q_PROPERTY(QString keys MEMBER keys)
-    Q_PROPERTY(QString action MEMBER action)
-    Q_PROPERTY(bool refused MEMBER refused)
-    Q_PROPERTY(QString toolTip MEMBER toolTip)
-
-public:
-    QString keys;
-    QString action;
-    bool refused = false;  ///< another program owns the combination, or one of them
-    QString toolTip;       ///< says so; empty otherwise
-};
-
 /// One line of the page's list of layouts. A value.
 struct LayoutRow {
     Q_GADGET

@@ -7,6 +7,8 @@
 #include "clipboard/clipboard_module.h"
 #include "platform/fake_desktop.h"
 
+#include <QWindow>
+
 #include <gtest/gtest.h>
 
 namespace pimloft {
@@ -35,6 +37,7 @@ public:
                      .arg(window.isFloating ? QStringLiteral(" floating") : QString());
         return std::make_unique<Window>(*this, window.title);
     }
+    std::unique_ptr<QWindow> makePanelContent(const Page &) override { return nullptr; }
     std::string log() { return std::exchange(lines, {}).join(QLatin1Char('\n')).toStdString(); }
 
     QStringList views{QStringLiteral("OnboardingView.qml"), QStringLiteral("WhatsNewView.qml")};

@@ -30,10 +30,14 @@ QString roleName(QAccessible::Role role) {
         return QStringLiteral("button");
     case QAccessible::CheckBox:
         return QStringLiteral("switch");
+    case QAccessible::EditableText:
+        return QStringLiteral("text field");
     case QAccessible::Grouping:
         return QStringLiteral("group");
     case QAccessible::Heading:
         return QStringLiteral("heading");
+    case QAccessible::List:
+        return QStringLiteral("list");
     case QAccessible::ListItem:
         return QStringLiteral("list item");
     case QAccessible::PageTab:
@@ -42,6 +46,8 @@ QString roleName(QAccessible::Role role) {
         return QStringLiteral("tabs");
     case QAccessible::Slider:
         return QStringLiteral("slider");
+    case QAccessible::SpinBox:
+        return QStringLiteral("stepper");
     case QAccessible::StaticText:
         return QStringLiteral("text");
     case QAccessible::Window:
@@ -89,7 +95,7 @@ void collectTexts(QQuickItem *item, QStringList &list) {
 
 }  // namespace
 
-PageSession::PageSession() : process(desktop.platform(), clock, {}) {
+PageSession::PageSession() : process(desktop.platform(), clock, {.support = home_.path()}) {
     QAccessible::setActive(true);
     warnings.clear();
     previousHandler = qInstallMessageHandler(keepWarning);

@@ -12,6 +12,7 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QStringList>
+#include <QTemporaryDir>
 
 namespace pimloft::test {
 
@@ -23,6 +24,11 @@ public:
 
     FakeDesktop desktop;
     SystemClock clock;
+
+private:
+    QTemporaryDir home_;
+
+public:
     Process process;
 
     AppState &appState() { return AppState::shared(); }

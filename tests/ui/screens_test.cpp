@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Puts every window on a real screen in every look, and keeps a picture of each in the build folder.
 #include "page_session.h"
+#include "pictures.h"
 #include "plain_panels.h"
-#include "support/desktop_session.h"
 
 #include "app/hotkey_manager.h"
 #include "finderfix/finder_fix_module.h"
@@ -10,93 +10,17 @@
 #include "ui/popover_controller.h"
 #include "ui/settings_window.h"
 
-#include <QDir>
 #include <QGuiApplication>
 #include <QScreen>
-#include <QSignalSpy>
 #include <QTest>
-#include <QTranslator>
 
 #include <gtest/gtest.h>
 
 namespace pimloft {
 namespace {
 
-/// A language in which everything takes half as much room again.
-class LongLanguage final : public QTranslator {
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char *, const char *source, const char *, int) const override {
-        const QString text = QString::fromUtf8(source);
-        if (text.startsWith(QLatin1String("QT_")) || text.contains(QLatin1String("px")))
-            return {};
-        QString longer = QStringLiteral("⟦") + text;
-        for (const QChar letter : text.left(std::max<qsizetype>(3, text.size() / 2)))
-            longer += letter.isSpace() ? QLatin1Char(' ') : QLatin1Char('o');
-        return longer + QStringLiteral("⟧");
-    }
-};
-
-struct Look {
-    const char *name;
-    bool dark = false;
-    bool mirrored = false;
-    bool longTexts = false;
-    bool trusted = true;
-};
-
-class Screens : public testing::TestWithParam<Look> {
-protected:
-    Screens() {
-        session.desktop.appearance.setDark(GetParam().dark);
-        session.desktop.windows.trusted = GetParam().trusted;
-        qApp->setLayoutDirection(GetParam().mirrored ? Qt::RightToLeft : Qt::LeftToRight);
-        if (GetParam().longTexts)
-            qApp->installTranslator(&language);
-    }
-    ~Screens() override {
-        qApp->removeTranslator(&language);
-        qApp->setLayoutDirection(Qt::LeftToRight);
-    }
-
-    /// Waits until the window has drawn nothing new for so many milliseconds: every motion is at its end.
-    static void waitForRest(QQuickWindow *window, int milliseconds) {
-        QSignalSpy frames(window, &QQuickWindow::frameSwapped);
-        while (frames.wait(milliseconds)) {
-        }
-    }
-
-    /// Waits until the window is drawn and still, keeps the picture and answers it.
-    static QImage picture(QQuickWindow *window, const QString &name) {
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(window));
-        waitForRest(window, 100);
-        const QRect frame = window->frameGeometry().adjusted(-12, -12, 12, 12);
-        const QImage image =
-            window->screen()->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height()).toImage();
-        const QDir folder(QCoreApplication::applicationDirPath() + QStringLiteral("/../screenshots/ui"));
-        folder.mkpath(QStringLiteral("."));
-        const QString scale = window->devicePixelRatio() > 1 ? QStringLiteral("@2x") : QString();
-        image.save(folder.filePath(name + QLatin1Char('-') + QLatin1String(GetParam().name) + scale +
-                                   QStringLiteral(".png")));
-        return image;
-    }
-
-    test::PageSession session;
-    LongLanguage language;
-};
-
-std::string lookName(const testing::TestParamInfo<Look> &info) {
-    return info.param.name;
-}
-
-/// How many different colours a picture has, up to a hundred.
-qsizetype colours(const QImage &image) {
-    QSet<QRgb> found;
-    for (int y = 0; y < image.height() && found.size() < 100; ++y)
-        for (int x = 0; x < image.width(); ++x)
-            found.insert(image.pixel(x, y));
-    return found.size();
-}
+using Screens = test::Pictures;
+using test::colours;
 
 TEST_P(Screens, settings) {
     GeneralSettings general(session.settings(), session.accessibility(), session.desktop.workspace);
@@ -162,13 +86,7 @@ TEST_P(Screens, popover) {
     EXPECT_GE(colours(picture(window, QStringLiteral("popover-keyboard"))), 50);
 }
 
-INSTANTIATE_TEST_SUITE_P(Ui, Screens,
-                         testing::Values(Look{.name = "light"}, Look{.name = "dark", .dark = true},
-                                         Look{.name = "untrusted", .trusted = false},
-                                         Look{.name = "untrusted_dark", .dark = true, .trusted = false},
-                                         Look{.name = "mirrored", .mirrored = true, .trusted = false},
-                                         Look{.name = "long", .longTexts = true, .trusted = false}),
-                         lookName);
+INSTANTIATE_TEST_SUITE_P(Ui, Screens, testing::ValuesIn(test::looks()), test::lookName);
 
 }  // namespace
 }  // namespace pimloft

@@ -3,15 +3,11 @@
 
 #include "app/settings_keys.h"
 
-#include <QFile>
-
 #include <gtest/gtest.h>
 
 namespace pimloft::test {
 
 namespace {
-
-const QString indent = QStringLiteral("    ");
 
 const std::map<QString, KeyCode> keys{
     {QStringLiteral("left"), Key::leftArrow}, {QStringLiteral("right"), Key::rightArrow},
@@ -39,22 +35,6 @@ QRectF rectangle(const QStringList &arguments, int first) {
 
 }  // namespace
 
-std::vector<Scenario> readScenarios(const QString &path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
-        return {};
-    std::vector<Scenario> scenarios;
-    for (const QString &line : QString::fromUtf8(file.readAll()).split(u'\n')) {
-        if (line.trimmed().isEmpty() || line.startsWith(u'#'))
-            continue;
-        if (line.startsWith(QStringLiteral("== ")))
-            scenarios.push_back({line.mid(3), {}});
-        else if (!scenarios.empty())
-            scenarios.back().lines << line;
-    }
-    return scenarios;
-}
-
 ScenarioPlayer::ScenarioPlayer() {
     engine_.start();
     desktop_.log();
@@ -63,7 +43,7 @@ ScenarioPlayer::ScenarioPlayer() {
 QString ScenarioPlayer::play(const Scenario &scenario) {
     QStringList transcript;
     for (const QString &step : scenario.lines) {
-        if (step.startsWith(indent))
+        if (step.startsWith(scenarioIndent))
             continue;
         QStringList words = step.simplified().split(u' ');
         perform(words.takeFirst(), words);
@@ -71,7 +51,7 @@ QString ScenarioPlayer::play(const Scenario &scenario) {
         transcript << step;
         const QStringList log = QString::fromStdString(desktop_.log()).split(u'\n', Qt::SkipEmptyParts);
         for (const QString &line : log + std::exchange(answers_, {}))
-            transcript << indent + line;
+            transcript << scenarioIndent + line;
     }
     return transcript.join(u'\n');
 }

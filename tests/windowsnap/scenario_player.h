@@ -5,21 +5,12 @@
 #include "app/settings_manager.h"
 #include "platform/fake_desktop.h"
 #include "support/animation_clock.h"
+#include "support/scenario.h"
 #include "windowsnap/window_snap_engine.h"
 
 #include <QStringList>
 
 namespace pimloft::test {
-
-/// A story of drags and shortcuts and of what the desktop was asked to do at each step: every line is a
-/// step, and the indented lines under it are what followed from it.
-struct Scenario {
-    QString title;
-    QStringList lines;
-};
-
-/// Reads scenarios that are separated by "== title" lines; empty lines and "#" comments are left out.
-std::vector<Scenario> readScenarios(const QString &path);
 
 /// Plays a scenario on a pretended desktop. What a step may be is listed in the files themselves.
 class ScenarioPlayer {

@@ -15,12 +15,15 @@ public:
 
     std::unique_ptr<MouseTap> install(std::function<void(const MouseEvent &)> handler) override;
 
+    QPointF location() override { return pointer; }
+
     bool isWatched() const { return bool(handler_); }
     void down(QPointF location) { send(MouseEventType::leftDown, location); }
     void drag(QPointF location) { send(MouseEventType::leftDragged, location); }
     void up(QPointF location) { send(MouseEventType::leftUp, location); }
 
     bool refuses = false;
+    QPointF pointer;  ///< in desktop points; where the events happened is told by each
 
 private:
     class Tap;

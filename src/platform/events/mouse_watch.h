@@ -31,6 +31,10 @@ public:
     /// first, dragged at most once a frame while the pointer moves, and up after the last dragged.
     [[nodiscard]] virtual std::unique_ptr<MouseTap>
     install(std::function<void(const MouseEvent &)> handler) = 0;
+
+    /// Where the pointer is now, in desktop points: from the primary display's bottom-left corner, y upwards.
+    /// Asks the desktop.
+    virtual QPointF location() = 0;
 };
 
 }  // namespace pimloft

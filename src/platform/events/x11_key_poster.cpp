@@ -7,10 +7,6 @@ namespace {
 
 constexpr KeyCode insertKey{114};
 
-KeyFlags without(KeyFlags set, KeyFlags key) {
-    return KeyFlags(std::uint64_t(set) & ~std::uint64_t(key));
-}
-
 }  // namespace
 
 X11KeyPoster::X11KeyPoster(X11Keyboard &keyboard, std::function<void()> endTyping,
@@ -27,7 +23,7 @@ void X11KeyPoster::post(KeyCode key, KeyFlags modifiers) {
         keyboard_.post(keyboard_.map().keycode(key), modifiers);
         return;
     }
-    const KeyFlags rest = without(modifiers, KeyFlags::command);
+    const KeyFlags rest = modifiers - KeyFlags::command;
     const ShortcutChord chord = chordInFront_();
     if (chord == ShortcutChord::shiftInsert && key == Key::v) {
         keyboard_.post(keyboard_.map().keycode(insertKey), rest | KeyFlags::shift);

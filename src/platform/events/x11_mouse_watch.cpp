@@ -108,4 +108,8 @@ std::unique_ptr<MouseTap> X11MouseWatch::install(std::function<void(const MouseE
     return std::make_unique<X11MouseTap>(input_, displays_, std::move(handler));
 }
 
+QPointF X11MouseWatch::location() {
+    return displays_.pointSpace().toDesktop(input_.pointer().position);
+}
+
 }  // namespace pimloft

@@ -18,6 +18,7 @@ public:
     X11MouseWatch(X11RawInput &input, X11Displays &displays) : input_(input), displays_(displays) {}
 
     std::unique_ptr<MouseTap> install(std::function<void(const MouseEvent &)> handler) override;
+    QPointF location() override;
 
 private:
     X11RawInput &input_;

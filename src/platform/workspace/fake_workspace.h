@@ -14,7 +14,7 @@ public:
     std::optional<Application> frontmostApplication() override { return frontmost; }
     std::vector<Application> runningApplications() override { return running; }
     QIcon icon(const Application &) override { return {}; }
-    QIcon fileIcon(const QString &) override { return {}; }
+    QIcon fileIcon(const QString &) override { return files; }
     bool open(const QUrl &url) override {
         log_.line(QStringLiteral("open %1").arg(url.toString()));
         return true;
@@ -29,6 +29,7 @@ public:
 
     std::optional<Application> frontmost;
     std::vector<Application> running;
+    QIcon files;  ///< the icon of every file
 
 private:
     FakeLog &log_;

@@ -10,6 +10,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace pimloft {
 
 X11Workspace::X11Workspace(X11Session &session, X11ActiveWindow &active, QString help, QDBusConnection bus)
@@ -27,6 +29,14 @@ std::optional<Application> X11Workspace::frontmostApplication() {
 
 ShortcutChord X11Workspace::frontmostChord() {
     return front().chord;
+}
+
+std::optional<QString> X11Workspace::bundleId(ProcessId process) {
+    const std::vector<X11Client> clients = x11Clients(session_);
+    const auto client = std::find_if(clients.begin(), clients.end(),
+                                     [process](const X11Client &each) { return each.process == process; });
+    const X11WindowNames names = client == clients.end() ? X11WindowNames() : client->names;
+    return programs_.program(process, names).identity.bundleId;
 }
 
 const X11Workspace::Front &X11Workspace::front() {

@@ -28,6 +28,9 @@ public:
     /// How the program in front wants to be told a shortcut of the platform. Cheap.
     ShortcutChord frontmostChord();
 
+    /// The identifier of a running program; nothing where the desktop does not know it.
+    std::optional<QString> bundleId(ProcessId process);
+
 private:
     struct Front {
         std::optional<Application> application;

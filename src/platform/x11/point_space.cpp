@@ -17,6 +17,10 @@ QRectF PointSpace::toDesktop(const QRect &native) const {
     return flipped(toAccessibility(native), primary.height() / scale);
 }
 
+QPointF PointSpace::toDesktop(QPoint native) const {
+    return flipped(toAccessibility(native), primary.height() / scale);
+}
+
 QRect PointSpace::desktopToNative(const QRectF &desktop) const {
     return accessibilityToNative(flipped(desktop, primary.height() / scale));
 }

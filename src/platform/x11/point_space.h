@@ -16,6 +16,7 @@ struct PointSpace {
     double scale = 1;  ///< native pixels per point, the same on every monitor
 
     QRectF toDesktop(const QRect &native) const;
+    QPointF toDesktop(QPoint native) const;
     QRectF toAccessibility(const QRect &native) const;
     QPointF toAccessibility(QPoint native) const;
 

@@ -7,10 +7,12 @@ Rectangle {
     id: cap
 
     property string text
+    /// Whether it stands in a line of small text.
+    property bool small: false
 
-    implicitWidth: label.implicitWidth + Theme.unit * 4
+    implicitWidth: label.implicitWidth + Theme.unit * (small ? 3 : 4)
     implicitHeight: label.implicitHeight + Theme.unit * 1.5
-    radius: Theme.controlRadius
+    radius: small ? 4 : Theme.controlRadius
     color: Theme.colors.controlOutline
 
     // The face leaves a darker lower edge, as a key does.
@@ -18,7 +20,7 @@ Rectangle {
         anchors.fill: parent
         anchors.margins: 1
         anchors.bottomMargin: 2
-        radius: Theme.controlRadius - 1
+        radius: cap.radius - 1
         color: Theme.colors.control
     }
     Label {
@@ -26,7 +28,7 @@ Rectangle {
         anchors.centerIn: parent
         anchors.verticalCenterOffset: -0.5
         text: cap.text
-        font: Theme.keys
+        font: cap.small ? Theme.keysCaption : Theme.keys
         silent: true
     }
 }

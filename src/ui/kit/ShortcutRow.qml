@@ -10,6 +10,9 @@ RowLayout {
     property string keys
     property string action
     property string problem
+    /// Whether it is written in small text.
+    property alias small: cap.small
+    property double keysWidth: Theme.unit * 24
 
     Layout.fillWidth: true
     Layout.leftMargin: Theme.unit * 4
@@ -21,7 +24,7 @@ RowLayout {
     Accessible.description: problem
 
     Item {
-        Layout.preferredWidth: Theme.unit * 24
+        Layout.preferredWidth: row.keysWidth
         implicitHeight: cap.implicitHeight
 
         KeyCap {
@@ -34,6 +37,7 @@ RowLayout {
     Label {
         Layout.fillWidth: true
         text: row.action
+        font: row.small ? Theme.caption : Theme.body
         silent: true
     }
     Symbol {

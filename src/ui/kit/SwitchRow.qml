@@ -4,11 +4,13 @@ import QtQuick.Layouts
 import QtQuick.Templates as T
 import Pimloft.Kit
 
-/// A row whose text and switch turn something on and off. Setting `checked` from outside turns nothing on;
+/// A row whose text and switch turn something on and off, with room for a symbol and for what it does. Setting `checked` from outside turns nothing on;
 /// `switched` tells what the user wants.
 T.Switch {
     id: row
 
+    property string symbol
+    property string description
     signal switched(bool on)
 
     function flip() {
@@ -25,24 +27,52 @@ T.Switch {
     onToggled: switched(checked)
     Accessible.role: Accessible.CheckBox
     Accessible.name: text
+    Accessible.description: description
     Accessible.checkable: true
     Accessible.checked: checked
     Accessible.onPressAction: flip()
     Accessible.onToggleAction: flip()
 
-    contentItem: Item {
-        implicitWidth: label.implicitWidth + row.indicator.implicitWidth + Theme.unit * 4
-        implicitHeight: label.implicitHeight
+    contentItem: RowLayout {
+        spacing: Theme.unit * 3
 
-        Label {
-            id: label
-            anchors.left: parent.left
-            anchors.verticalCenter: parent.verticalCenter
-            width: parent.width - row.indicator.implicitWidth - Theme.unit * 4
-            text: row.text
-            wrapMode: Text.Wrap
-            maximumLineCount: 3
-            silent: true
+        Item {
+            implicitWidth: 24
+            implicitHeight: mark.height
+            visible: row.symbol.length > 0
+
+            Symbol {
+                id: mark
+                anchors.centerIn: parent
+                name: row.symbol
+                size: Theme.symbolSize
+                color: Theme.colors.accentText
+            }
+        }
+        ColumnLayout {
+            spacing: Theme.unit / 2
+
+            Label {
+                Layout.fillWidth: true
+                text: row.text
+                wrapMode: Text.Wrap
+                maximumLineCount: 3
+                silent: true
+            }
+            Label {
+                Layout.fillWidth: true
+                text: row.description
+                visible: row.description.length > 0
+                font: Theme.caption
+                color: Theme.colors.secondaryText
+                wrapMode: Text.Wrap
+                maximumLineCount: 4
+                silent: true
+            }
+        }
+        // The switch stands on the end of this place.
+        Item {
+            implicitWidth: row.indicator.implicitWidth
         }
     }
 

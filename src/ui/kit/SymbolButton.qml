@@ -8,23 +8,29 @@ T.Button {
     id: button
 
     property string symbol
+    /// Whether it takes something away.
+    property bool destructive: false
+    readonly property color quietColor: destructive ? Theme.colors.danger : Theme.colors.secondaryText
+    property double size: Theme.symbolSize
+    /// Whether it has no face under the pointer.
+    property bool plain: false
 
-    implicitWidth: Theme.controlHeight
-    implicitHeight: Theme.controlHeight
+    implicitWidth: Math.round(size * 1.5)
+    implicitHeight: implicitWidth
     hoverEnabled: true
 
     contentItem: Item {
         Symbol {
             anchors.centerIn: parent
             name: button.symbol
-            size: Theme.symbolSize
-            color: button.hovered || button.down ? Theme.colors.text : Theme.colors.secondaryText
+            size: button.size
+            color: !button.destructive && (button.hovered || button.down) ? Theme.colors.text : button.quietColor
         }
     }
 
     background: Rectangle {
         radius: Theme.controlRadius
-        color: button.down ? Theme.colors.controlPressed : button.hovered ? Theme.colors.hovered : "transparent"
+        color: button.plain ? "transparent" : button.down ? Theme.colors.controlPressed : button.hovered ? Theme.colors.hovered : "transparent"
 
         FocusRing {
             visible: button.visualFocus

@@ -73,7 +73,10 @@ ThemeColors ThemeColors::light() {
     colors.successSoft = 0xddf3e4;
     colors.warning = 0xa34a08;
     colors.warningSoft = 0xfdf0dc;
+    colors.danger = 0xc8281e;
+    colors.pinned = 0xd96a00;
     colors.focusRing = 0x5b8df5;
+    colors.shade = QColor(0x16, 0x18, 0x20, 92);
     return colors;
 }
 
@@ -104,7 +107,10 @@ ThemeColors ThemeColors::dark() {
     colors.successSoft = 0x1d3a29;
     colors.warning = 0xf6b73c;
     colors.warningSoft = 0x3d3019;
+    colors.danger = 0xff6b61;
+    colors.pinned = 0xff9f2e;
     colors.focusRing = 0x6b9dfb;
+    colors.shade = QColor(0, 0, 0, 150);
     return colors;
 }
 
@@ -143,6 +149,12 @@ QFont Theme::font(double factor, QFont::Weight weight) const {
     font.setPixelSize(qRound(bodySize_ * factor));
     font.setWeight(weight);
     return font;
+}
+
+QFont Theme::display() const {
+    QFont display = font(1, QFont::DemiBold);
+    display.setPixelSize(48);
+    return display;
 }
 
 QFont Theme::keyFont(double factor) const {

@@ -44,7 +44,10 @@ struct ThemeColors {
     Q_PROPERTY(QColor successSoft MEMBER successSoft)
     Q_PROPERTY(QColor warning MEMBER warning)
     Q_PROPERTY(QColor warningSoft MEMBER warningSoft)
+    Q_PROPERTY(QColor danger MEMBER danger)
+    Q_PROPERTY(QColor pinned MEMBER pinned)
     Q_PROPERTY(QColor focusRing MEMBER focusRing)
+    Q_PROPERTY(QColor shade MEMBER shade)
 
 public:
     QColor window;          ///< behind everything
@@ -72,7 +75,10 @@ public:
     QColor successSoft;
     QColor warning;  ///< text and symbols on window, card and warningSoft
     QColor warningSoft;
+    QColor danger;     ///< symbols on card that stand for taking something away
+    QColor pinned;     ///< the mark of what is kept, on window
     QColor focusRing;  ///< around what has the keyboard
+    QColor shade;      ///< over a window behind a sheet; lets it shine through
 
     static ThemeColors light();
     static ThemeColors dark();
@@ -91,6 +97,7 @@ class Theme : public QObject {
     Q_PROPERTY(QFont body READ body CONSTANT)
     Q_PROPERTY(QFont callout READ callout CONSTANT)
     Q_PROPERTY(QFont caption READ caption CONSTANT)
+    Q_PROPERTY(QFont display READ display CONSTANT)
     Q_PROPERTY(QFont keys READ keys CONSTANT)
     Q_PROPERTY(QFont keysCaption READ keysCaption CONSTANT)
     Q_PROPERTY(double unit MEMBER unit CONSTANT)
@@ -119,6 +126,8 @@ public:
     QFont body() const { return font(1, QFont::Normal); }
     QFont callout() const { return font(0.95, QFont::Normal); }
     QFont caption() const { return font(0.86, QFont::Normal); }
+    /// For one number that a window is about: 48 points high, whatever the desktop's font.
+    QFont display() const;
     /// For the names of keys: all digits and carets equally wide.
     QFont keys() const { return keyFont(0.9); }
     QFont keysCaption() const { return keyFont(0.82); }

@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+import QtQuick
+import QtQuick.Layouts
+import Pimloft.Kit
+import Pimloft.Clipboard
+
+/// One entry of the history: what it holds, where it comes from and what can be done with it.
+Rectangle {
+    id: row
+
+    required property string preview
+    required property string symbol
+    required property var fileIcon
+    required property bool isImage
+    required property var thumbnail
+    required property string sourceApp
+    required property string time
+    required property string characters
+    required property bool isPinned
+    property bool isSelected: false
+    readonly property bool isHovered: pointer.hovered
+    signal picked
+    signal pasted
+    signal deleted
+    signal pinToggled
+
+    implicitHeight: content.implicitHeight + Theme.unit * 3
+    radius: 6
+    color: isSelected ? Qt.alpha(Theme.colors.accent, 0.15) : isHovered ? Qt.alpha(Theme.colors.secondaryText, 0.08) : "transparent"
+    Accessible.role: Accessible.ListItem
+    Accessible.name: preview
+    Accessible.description: [sourceApp, time, characters].filter(part => part).join(", ")
+    Accessible.selectable: true
+    Accessible.selected: isSelected
+    Accessible.onPressAction: picked()
+
+    HoverHandler {
+        id: pointer
+    }
+    TapHandler {
+        onSingleTapped: row.picked()
+        onDoubleTapped: row.pasted()
+    }
+
+    RowLayout {
+        id: content
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.leftMargin: Theme.unit * 1.5
+        anchors.rightMargin: Theme.unit * 1.5
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: Theme.unit * 2
+
+        Item {
+            Layout.preferredWidth: 24
+            Layout.preferredHeight: 24
+            Layout.alignment: Qt.AlignVCenter
+
+            Symbol {
+                anchors.centerIn: parent
+                name: row.symbol
+                size: Theme.symbolSize
+                color: Theme.colors.secondaryText
+                visible: row.symbol.length > 0
+            }
+            Picture {
+                anchors.fill: parent
+                icon: row.fileIcon
+                visible: row.symbol.length === 0
+            }
+        }
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: Theme.unit
+
+            Rectangle {
+                implicitWidth: picture.implicitWidth || 72
+                implicitHeight: 48
+                radius: 6
+                color: picture.implicitWidth > 0 ? "transparent" : Theme.colors.unlit
+                border.width: 1
+                border.color: Theme.colors.outline
+                visible: row.isImage
+
+                Picture {
+                    id: picture
+                    anchors.fill: parent
+                    image: row.thumbnail
+                    radius: parent.radius
+                }
+            }
+            Label {
+                Layout.fillWidth: true
+                text: row.preview
+                font: Theme.callout
+                wrapMode: Text.Wrap
+                maximumLineCount: 2
+                visible: !row.isImage
+                silent: true
+            }
+            RowLayout {
+                Layout.fillWidth: true
+                spacing: Theme.unit * 1.25
+
+                Label {
+                    Layout.fillWidth: true
+                    Layout.maximumWidth: Math.ceil(implicitWidth)
+                    text: row.sourceApp
+                    font: Theme.caption
+                    color: Theme.colors.secondaryText
+                    silent: true
+                }
+                Repeater {
+                    model: [row.time, row.characters].filter(part => part)
+
+                    RowLayout {
+                        id: part
+                        required property string modelData
+                        spacing: Theme.unit * 1.25
+
+                        Label {
+                            text: "·"
+                            font: Theme.caption
+                            color: Theme.colors.secondaryText
+                            silent: true
+                        }
+                        Label {
+                            text: part.modelData
+                            font: Theme.caption
+                            color: Theme.colors.secondaryText
+                            silent: true
+                        }
+                    }
+                }
+                Item {
+                    Layout.fillWidth: true
+                }
+            }
+        }
+        Symbol {
+            name: "pin.fill"
+            size: Math.round(Theme.symbolSize * 0.78)
+            color: Theme.colors.pinned
+            visible: row.isPinned
+        }
+        RowLayout {
+            spacing: 0
+            visible: row.isHovered
+
+            SymbolButton {
+                symbol: "pin.fill"
+                size: Math.round(Theme.symbolSize * 0.78)
+                text: row.isPinned ? qsTr("Unpin") : qsTr("Pin")
+                focusPolicy: Qt.NoFocus
+                onClicked: row.pinToggled()
+            }
+            SymbolButton {
+                symbol: "trash"
+                size: Math.round(Theme.symbolSize * 0.78)
+                text: qsTr("Delete")
+                focusPolicy: Qt.NoFocus
+                onClicked: row.deleted()
+            }
+        }
+    }
+}

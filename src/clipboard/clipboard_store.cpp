@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+#include "clipboard/clipboard_store.h"
+
+#include "app/process.h"
+#include "app/settings_manager.h"
+#include "base/atomic_file.h"
+#include "base/console.h"
+#include "clipboard/clipboard_preferences.h"
+
+#include <algorithm>
+
+namespace pimloft {
+
+ClipboardStore &ClipboardStore::shared() {
+    return Process::current().shared<ClipboardStore>([](Process &process) {
+        return std::make_unique<ClipboardStore>(SettingsManager::shared().defaults(), process.dirs().support);
+    });
+}
+
+ClipboardStore::ClipboardStore(PreferencesService &defaults, const QString &supportFolder)
+    : defaults_(defaults), file_(supportFolder + QStringLiteral("/clipboard_history.json")) {
+    makePrivateFolder(supportFolder);
+    loadFromDisk();
+}
+
+void ClipboardStore::add(const ClipboardItem &item) {
+    if (!items_.empty() && items_.front().content == item.content)
+        return;
+    // Not by reference: it may be one of those that go.
+    const ClipboardItem added = item;
+    removeWhere([&](const ClipboardItem &each) { return !each.isPinned && each.content == added.content; });
+    items_.insert(items_.begin(), added);
+    derived_.insert(derived_.begin(), Derived{});
+    enforceMaxItems();
+    emit itemsChanged();
+    saveToDisk();
+}
+
+void ClipboardStore::togglePin(const ClipboardItem &item) {
+    const auto found = std::find(items_.begin(), items_.end(), item);
+    if (found == items_.end())
+        return;
+    found->isPinned = !found->isPinned;
+    derived_[std::size_t(found - items_.begin())].place = {};
+    emit itemsChanged();
+    saveToDisk();
+}
+
+void ClipboardStore::remove(const ClipboardItem &item) {
+    if (removeWhere([id = item.id](const ClipboardItem &each) { return each.id == id; }))
+        emit itemsChanged();
+    saveToDisk();
+}
+
+void ClipboardStore::removeAll() {
+    if (removeWhere([](const ClipboardItem &each) { return !each.isPinned; }))
+        emit itemsChanged();
+    saveToDisk();
+}
+
+void ClipboardStore::enforceMaxItems() {
+    const auto pinnedCount =
+        std::count_if(items_.begin(), items_.end(), [](const ClipboardItem &each) { return each.isPinned; });
+    const qint64 allowedUnpinned = maxItems(defaults_) - pinnedCount;
+    qint64 unpinned = 0;
+    removeWhere([&](const ClipboardItem &each) { return !each.isPinned && ++unpinned > allowedUnpinned; });
+}
+
+bool ClipboardStore::removeWhere(const std::function<bool(const ClipboardItem &)> &goes) {
+    std::size_t kept = 0;
+    for (std::size_t index = 0; index < items_.size(); ++index) {
+        if (goes(items_[index]))
+            continue;
+        if (kept != index) {
+            items_[kept] = std::move(items_[index]);
+            derived_[kept] = std::move(derived_[index]);
+        }
+        ++kept;
+    }
+    const bool anyWent = kept < items_.size();
+    items_.resize(kept);
+    derived_.resize(kept);
+    return anyWent;
+}
+
+void ClipboardStore::setSearchQuery(const QString &query) {
+    if (searchQuery_ == query)
+        return;
+    searchQuery_ = query;
+    emit searchQueryChanged();
+}
+
+std::vector<const ClipboardItem *> ClipboardStore::filteredItems() const {
+    const QString query = searchQuery_.toLower();
+    std::vector<const ClipboardItem *> found;
+    for (std::size_t index = 0; index < items_.size(); ++index)
+        if (searchQuery_.isEmpty() || matches(index, query))
+            found.push_back(&items_[index]);
+    return found;
+}
+
+bool ClipboardStore::matches(std::size_t index, const QString &lowerCaseQuery) const {
+    preview(index);
+    const Derived &derived = derived_[index];
+    return derived.searchablePreview.contains(lowerCaseQuery) ||
+           derived.searchableSource.contains(lowerCaseQuery);
+}
+
+const QString &ClipboardStore::preview(std::size_t index) const {
+    const ClipboardItem &item = items_[index];
+    const Derived &derived = derived_[index];
+    if (!derived.preview) {
+        derived.preview = item.preview();
+        derived.searchablePreview = derived.preview->toLower();
+        derived.searchableSource = item.sourceApp.toLower();
+    }
+    return *derived.preview;
+}
+
+QString ClipboardStore::preview(const ClipboardItem &item) const {
+    const ClipboardItem *const first = items_.data();
+    const bool isOurs = std::greater_equal<>()(&item, first) && std::less<>()(&item, first + items_.size());
+    return isOurs ? preview(std::size_t(&item - first)) : item.preview();
+}
+
+void ClipboardStore::saveToDisk() {
+    const auto entry = [this](std::size_t index) -> HistoryFile::Entry {
+        return {items_[index], derived_[index].place};
+    };
+    if (const auto failure = file_.save(items_.size(), entry))
+        printLine(QStringLiteral("ClipboardStore: Failed to save: ") + *failure);
+}
+
+void ClipboardStore::loadFromDisk() {
+    if (const auto failure = file_.load(items_))
+        printLine(QStringLiteral("ClipboardStore: Failed to load: ") + *failure);
+    derived_.resize(items_.size());
+}
+
+}  // namespace pimloft

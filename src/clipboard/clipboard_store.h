@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "clipboard/clipboard_item.h"
+#include "clipboard/history_file.h"
+
+#include <QObject>
+
+#include <functional>
+#include <vector>
+
+namespace pimloft {
+
+class PreferencesService;
+
+/// The clipboard history, newest entry first, and the text that is looked for in it. Every change of the
+/// entries is in the history file before the operation returns; a failure is reported on standard output and
+/// the entries are kept. Main thread.
+class ClipboardStore : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QString searchQuery READ searchQuery WRITE setSearchQuery NOTIFY searchQueryChanged)
+
+public:
+    static ClipboardStore &shared();
+    /// Reads the history that an earlier run left in `supportFolder`, which is made if need be.
+    ClipboardStore(PreferencesService &defaults, const QString &supportFolder);
+
+    /// Records a new copy on top, unless the newest entry holds the same. Unpinned entries with the same
+    /// content go, and so do the oldest unpinned ones above the limit.
+    void add(const ClipboardItem &item);
+    void togglePin(const ClipboardItem &item);
+    void remove(const ClipboardItem &item);
+    /// Removes every entry that is not pinned.
+    void removeAll();
+
+    /// Writes the whole history.
+    void saveToDisk();
+
+    const std::vector<ClipboardItem> &items() const { return items_; }
+
+    const QString &searchQuery() const { return searchQuery_; }
+    void setSearchQuery(const QString &query);
+
+    /// The entries whose preview or source application holds the search text, in their order; all without
+    /// one. Valid until the entries change.
+    std::vector<const ClipboardItem *> filteredItems() const;
+
+    /// The same text as the item's own; not worked out again for an entry of `items()`.
+    QString preview(const ClipboardItem &item) const;
+
+signals:
+    void itemsChanged();
+    void searchQueryChanged();
+
+private:
+    /// What is worked out from an entry.
+    struct Derived {
+        HistoryPlace place;  ///< unknown once the entry has changed
+        /// The rest is made when it is first asked for.
+        mutable std::optional<QString> preview;
+        mutable QString searchablePreview;  ///< in lower case, as the next
+        mutable QString searchableSource;
+    };
+    void loadFromDisk();
+    void enforceMaxItems();
+    /// Answers whether any entry went.
+    bool removeWhere(const std::function<bool(const ClipboardItem &)> &goes);
+    const QString &preview(std::size_t index) const;
+    bool matches(std::size_t index, const QString &lowerCaseQuery) const;
+
+    PreferencesService &defaults_;
+    HistoryFile file_;
+    std::vector<ClipboardItem> items_;
+    std::vector<Derived> derived_;  ///< one for each entry, in their order
+    QString searchQuery_;
+};
+
+}  // namespace pimloft

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDateTime>
+
+#include <compare>
+
+namespace pimloft {
+
+/// A point in time as the history keeps it: seconds since 2001-01-01 00:00:00 UTC. A value; any thread.
+struct ReferenceTime {
+    double seconds = 0;
+
+    static ReferenceTime from(const QDateTime &time) {
+        return {double(time.toMSecsSinceEpoch() - epochMilliseconds) / 1000};
+    }
+    /// To the millisecond, in UTC.
+    QDateTime toDateTime() const {
+        return QDateTime::fromMSecsSinceEpoch(qRound64(seconds * 1000) + epochMilliseconds, Qt::UTC);
+    }
+
+    friend auto operator<=>(const ReferenceTime &, const ReferenceTime &) = default;
+
+private:
+    static constexpr qint64 epochMilliseconds = 978'307'200'000;  ///< from 1970 to 2001
+};
+
+}  // namespace pimloft

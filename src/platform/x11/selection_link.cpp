@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include "platform/x11/selection_link.h"
+
+#include <xcb/res.h>
+#include <xcb/xfixes.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace pimloft {
+
+namespace {
+
+/// What is read at once, in bytes: little enough for the server to serve others in between.
+constexpr std::uint32_t piece = 1 << 20;
+
+bool has(xcb_connection_t *connection, xcb_extension_t *extension) {
+    const xcb_query_extension_reply_t *known = xcb_get_extension_data(connection, extension);
+    return known && known->present;
+}
+
+XcbReply<xcb_get_property_reply_t> part(xcb_connection_t *connection, xcb_window_t window,
+                                        xcb_atom_t property, qsizetype offset, std::uint32_t length) {
+    const auto cookie = xcb_get_property(connection, false, window, property, XCB_GET_PROPERTY_TYPE_ANY,
+                                         std::uint32_t(offset / 4), length / 4);
+    return XcbReply<xcb_get_property_reply_t>(xcb_get_property_reply(connection, cookie, nullptr));
+}
+
+}  // namespace
+
+std::vector<std::uint32_t> SelectionLink::Value::values() const {
+    if (format != 32 || bytes.isEmpty())
+        return {};
+    std::vector<std::uint32_t> result(std::size_t(bytes.size()) / sizeof(std::uint32_t));
+    std::memcpy(result.data(), bytes.constData(), result.size() * sizeof(std::uint32_t));
+    return result;
+}
+
+SelectionLink::SelectionLink() {
+    int screen = 0;
+    connection_ = xcb_connect(nullptr, &screen);
+    if (!isConnected())
+        return;
+    xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(connection_));
+    for (; screen > 0; --screen)
+        xcb_screen_next(&screens);
+    root_ = screens.data->root;
+    window_ = makeWindow();
+}
+
+SelectionLink::~SelectionLink() {
+    xcb_disconnect(connection_);
+}
+
+void SelectionLink::watchOwner(xcb_atom_t selection) {
+    if (!isConnected() || !has(connection_, &xcb_xfixes_id))
+        return;
+    const XcbReply<xcb_xfixes_query_version_reply_t> version(
+        xcb_xfixes_query_version_reply(connection_, xcb_xfixes_query_version(connection_, 1, 0), nullptr));
+    if (!version)
+        return;
+    xcb_xfixes_select_selection_input(connection_, window_, selection,
+                                      XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER |
+                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY |
+                                          XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
+    ownerNotice_ =
+        xcb_get_extension_data(connection_, &xcb_xfixes_id)->first_event + XCB_XFIXES_SELECTION_NOTIFY;
+}
+
+xcb_atom_t SelectionLink::atom(const QByteArray &name) {
+    const auto known = atoms_.find(name.toStdString());
+    if (known != atoms_.end())
+        return known->second;
+    if (!isConnected())
+        return XCB_ATOM_NONE;
+    const auto cookie = xcb_intern_atom(connection_, false, std::uint16_t(name.size()), name.constData());
+    const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(connection_, cookie, nullptr));
+    const xcb_atom_t atom = reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
+    atoms_.emplace(name.toStdString(), atom);
+    return atom;
+}
+
+QByteArray SelectionLink::textType(xcb_atom_t wanted) {
+    for (const char *name : {"UTF8_STRING", "STRING", "COMPOUND_TEXT"})
+        if (atom(name) == wanted)
+            return name;
+    return {};
+}
+
+xcb_window_t SelectionLink::makeWindow() {
+    const xcb_window_t window = xcb_generate_id(connection_);
+    const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_create_window(connection_, XCB_COPY_FROM_PARENT, window, root_, -1, -1, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &mask);
+    return window;
+}
+
+bool SelectionLink::made(xcb_window_t window) const {
+    const xcb_setup_t *setup = xcb_get_setup(connection_);
+    return (window & ~setup->resource_id_mask) == setup->resource_id_base;
+}
+
+qsizetype SelectionLink::largestRequest() const {
+    constexpr qsizetype head = 64;
+    return qsizetype(xcb_get_maximum_request_length(connection_)) * 4 - head;
+}
+
+xcb_window_t SelectionLink::owner(xcb_atom_t selection) {
+    const XcbReply<xcb_get_selection_owner_reply_t> reply(
+        xcb_get_selection_owner_reply(connection_, xcb_get_selection_owner(connection_, selection), nullptr));
+    return reply ? reply->owner : xcb_window_t(XCB_NONE);
+}
+
+std::optional<ProcessId> SelectionLink::process(xcb_window_t window) {
+    if (!isConnected() || !has(connection_, &xcb_res_id))
+        return std::nullopt;
+    const xcb_res_client_id_spec_t wanted{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+    const auto cookie = xcb_res_query_client_ids(connection_, 1, &wanted);
+    const XcbReply<xcb_res_query_client_ids_reply_t> reply(
+        xcb_res_query_client_ids_reply(connection_, cookie, nullptr));
+    if (!reply)
+        return std::nullopt;
+    for (auto each = xcb_res_query_client_ids_ids_iterator(reply.get()); each.rem;
+         xcb_res_client_id_value_next(&each))
+        if (xcb_res_client_id_value_value_length(each.data) > 0)
+            return ProcessId(*xcb_res_client_id_value_value(each.data));
+    return std::nullopt;
+}
+
+xcb_atom_t SelectionLink::type(xcb_window_t window, xcb_atom_t property) {
+    const auto reply = part(connection_, window, property, 0, 0);
+    return reply ? reply->type : xcb_atom_t(XCB_NONE);
+}
+
+SelectionLink::Value SelectionLink::take(xcb_window_t window, xcb_atom_t property, qsizetype cap) {
+    Value value;
+    for (;;) {
+        const qsizetype offset = value.bytes.size();
+        const auto reply = part(connection_, window, property, offset, piece);
+        if (!reply || (offset > 0 && (reply->type != value.type || reply->format != value.format)))
+            return {};  // gone, or replaced while it was read
+        value.type = reply->type;
+        value.format = reply->format;
+        const qsizetype length = xcb_get_property_value_length(reply.get());
+        if (offset + length + qsizetype(reply->bytes_after) > cap) {
+            value.isCut = true;
+            return value;
+        }
+        value.bytes.append(static_cast<const char *>(xcb_get_property_value(reply.get())), length);
+        if (reply->bytes_after == 0 || length == 0)
+            break;
+    }
+    if (value.type != XCB_NONE)
+        xcb_delete_property(connection_, window, property);
+    return value;
+}
+
+}  // namespace pimloft

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#include "ui/kit/picture_item.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+#include <utility>
+
+namespace pimloft {
+
+PictureItem::PictureItem(QQuickItem *parent) : QQuickPaintedItem(parent) {
+}
+
+void PictureItem::paint(QPainter *painter) {
+    if (!icon_.isNull())
+        icon_.paint(painter, boundingRect().toAlignedRect());
+    if (image_.isNull())
+        return;
+    painter->setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    QPainterPath clip;
+    clip.addRoundedRect(boundingRect(), radius_, radius_);
+    // A brush has smooth edges where a clip has none.
+    QBrush brush(image_);
+    brush.setTransform(QTransform::fromScale(width() / image_.width(), height() / image_.height()));
+    painter->fillPath(clip, brush);
+}
+
+void PictureItem::setImage(const QImage &image) {
+    if (image_.cacheKey() == image.cacheKey())
+        return;
+    image_ = image;
+    const QSizeF size = image.deviceIndependentSize();
+    setImplicitSize(size.width(), size.height());
+    update();
+    emit imageChanged();
+}
+
+void PictureItem::setIcon(const QIcon &icon) {
+    if (icon_.cacheKey() == icon.cacheKey())
+        return;
+    icon_ = icon;
+    update();
+    emit iconChanged();
+}
+
+void PictureItem::setRadius(double radius) {
+    if (std::exchange(radius_, radius) == radius)
+        return;
+    update();
+    emit radiusChanged();
+}
+
+}  // namespace pimloft
