@@ -11,10 +11,13 @@ T.Popup {
     id: sheet
 
     required property KeyMapperModel settings
+    /// What has the keyboard after it, unless something else had it before.
+    required property Item owner
+    property Item before
 
     parent: T.Overlay.overlay
     anchors.centerIn: parent
-    width: Math.min(Theme.unit * 92, parent ? parent.width - 2 * margins : 0)
+    width: Math.min(Theme.unit * 104, parent ? parent.width - 2 * margins : 0)
     implicitHeight: contentItem.implicitHeight + topPadding + bottomPadding
     margins: Theme.unit * 4
     padding: Theme.unit * 6
@@ -22,6 +25,8 @@ T.Popup {
     focus: true
     closePolicy: T.Popup.NoAutoClose
     visible: settings.showConfirmation
+    onAboutToShow: before = parent.Window.activeFocusItem
+    onClosed: (before || owner).forceActiveFocus()
 
     enter: Transition {
         NumberAnimation {

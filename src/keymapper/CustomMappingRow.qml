@@ -35,6 +35,7 @@ Item {
         }
         Symbol {
             name: "arrow.right"
+            rotation: LayoutMirroring.enabled ? 180 : 0
             size: Theme.symbolSize * 0.8
             color: Theme.colors.secondaryText
         }

@@ -92,5 +92,6 @@ Page {
 
     ConfirmationSheet {
         settings: page.settings
+        owner: page
     }
 }

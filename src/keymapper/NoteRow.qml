@@ -13,6 +13,7 @@ RowLayout {
     property string text
 
     Layout.fillWidth: true
+    Layout.fillHeight: false
     Layout.leftMargin: Theme.unit * 4
     Layout.rightMargin: Theme.unit * 4
     Layout.topMargin: Theme.unit * 3
@@ -34,6 +35,7 @@ RowLayout {
         }
     }
     ColumnLayout {
+        Layout.fillHeight: false
         spacing: Theme.unit / 2
 
         Label {

@@ -96,5 +96,26 @@ TEST_F(AppStateTest, tellsWhenTheKeyMapperChangesAndOnlyThen) {
     EXPECT_EQ(state().menuBarIcon(), QStringLiteral("square.on.square"));
 }
 
+TEST_F(AppStateTest, showsInTheMenuBarWhetherKeysAreRemapped) {
+    const QString plain = QStringLiteral("square.on.square");
+    const QString remapping = QStringLiteral("square.on.square.badge.person.crop");
+    desktop.preferences.stored[QStringLiteral("pimloft.keymapper.preset.Windows Mode")] = true;
+    QStringList icons;
+    QObject::connect(&state(), &AppState::changed, &state(), [&] { icons << state().menuBarIcon(); });
+    EXPECT_EQ(state().menuBarIcon(), plain);
+    state().activateEnabledModules();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(icons, QStringList{remapping});
+    for (int time = 0; time < 3; ++time)
+        desktop.keyTap.press({Key::rightShift, KeyFlags::shift, KeyEventType::flagsChanged});
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(icons, (QStringList{remapping, plain}));
+    EXPECT_TRUE(state().keyMapper()->isEnabled()) << "the panic gesture";
+    state().keyMapper()->reloadMappings();
+    state().keyMapper()->setEnabled(false);
+    EXPECT_EQ(state().menuBarIcon(), plain);
+}
+
 }  // namespace
 }  // namespace pimloft

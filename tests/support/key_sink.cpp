@@ -25,7 +25,7 @@ bool isModifier(const QString &name) {
 
 }  // namespace
 
-KeySink::KeySink(QRect frame)
+KeySink::KeySink(QRect frame, const QByteArray &windowClass)
     : window_(xcb_generate_id(session_.connection())),
       events_(session_.subscribe([this](const xcb_generic_event_t &event) { handle(event); })) {
     const std::uint32_t values[] = {0x808080, XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE |
@@ -38,6 +38,11 @@ KeySink::KeySink(QRect frame)
     const std::uint32_t hints[18] = {1};
     xcb_change_property(session_.connection(), XCB_PROP_MODE_REPLACE, window_, XCB_ATOM_WM_NORMAL_HINTS,
                         XCB_ATOM_WM_SIZE_HINTS, 32, 18, hints);
+    if (!windowClass.isEmpty()) {
+        const QByteArray names = windowClass + '\0' + windowClass + '\0';
+        xcb_change_property(session_.connection(), XCB_PROP_MODE_REPLACE, window_, XCB_ATOM_WM_CLASS,
+                            XCB_ATOM_STRING, 8, std::uint32_t(names.size()), names.constData());
+    }
     xcb_map_window(session_.connection(), window_);
     session_.roundTrip();
     activate();

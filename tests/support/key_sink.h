@@ -14,7 +14,8 @@ namespace pimloft::test {
 class KeySink {
 public:
     /// On return the window is on screen and has the keyboard, from the window manager if there is one.
-    explicit KeySink(QRect frame = {50, 50, 300, 200});
+    /// `windowClass` is what other programs know its program by, if anything.
+    explicit KeySink(QRect frame = {50, 50, 300, 200}, const QByteArray &windowClass = {});
     ~KeySink();
 
     xcb_window_t window() const { return window_; }

@@ -4,6 +4,7 @@
 #include "page_session.h"
 
 #include "keymapper/key_mapper_module.h"
+#include "keymapper/key_mapping_store.h"
 #include "ui/quick_engine.h"
 
 #include <QGuiApplication>
@@ -83,6 +84,20 @@ TEST_F(Popover, aRowsLabelFollowsItsModule) {
     open();
     session.appState().keyMapper()->setEnabled(false);
     EXPECT_NE(spoken().find("switch: KeyMapper, disabled [off]"), std::string::npos) << spoken();
+}
+
+TEST_F(Popover, aBadgeTellsWhileKeysAreRemapped) {
+    KeyMappingStore::shared().setPreset(KeyMappingPreset::windowsMode, true);
+    open();
+    const QString badge = QStringLiteral("Active");
+    EXPECT_FALSE(test::texts(content()).contains(badge));
+    session.appState().keyMapper()->activate();
+    EXPECT_TRUE(test::texts(content()).contains(badge));
+    for (int time = 0; time < 3; ++time)
+        session.desktop.keyTap.press({Key::rightShift, KeyFlags::shift, KeyEventType::flagsChanged});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !test::texts(content()).contains(badge); }))
+        << "the panic gesture ends it";
+    EXPECT_NE(spoken().find("switch: KeyMapper, enabled [on]"), std::string::npos) << spoken();
 }
 
 TEST_F(Popover, warnsWhileThePermissionIsMissing) {

@@ -6,6 +6,8 @@
 
 #include "app/hotkey_manager.h"
 #include "finderfix/finder_fix_module.h"
+#include "keymapper/key_mapping_document.h"
+#include "keymapper/keyboard_session.h"
 #include "ui/general_settings.h"
 #include "ui/popover_controller.h"
 #include "ui/settings_window.h"
@@ -60,6 +62,29 @@ TEST_P(Screens, refusedShortcut) {
     // The hint comes after a while.
     waitForRest(window, 700);
     EXPECT_GE(colours(picture(window, QStringLiteral("windowsnap-refused"))), 50);
+}
+
+TEST_P(Screens, keyMapper) {
+    test::KeyboardSession keyboard;
+    keyboard.store->setPreset(KeyMappingPreset::homeEndFix, true);
+    keyboard.store->importMappings(
+        encode(ExportedMappings{{},
+                                {{.fromKeyCode = Key::home, .toKeyCode = Key::leftArrow},
+                                 {.fromKeyCode = KeyCode{105}, .toKeyCode = KeyCode{65535}}}}));
+    GeneralSettings general(session.settings(), session.accessibility(), session.desktop.workspace);
+    SettingsWindow settings(session.views(), general.page(), {&*keyboard.module});
+    settings.select(1);
+    settings.open();
+    QQuickWindow *window = test::shownWindow();
+    EXPECT_GE(colours(picture(window, QStringLiteral("keymapper"))), 50);
+    window->resize(window->width(), 940);
+    EXPECT_GE(colours(picture(window, QStringLiteral("keymapper-whole"))), 50);
+    window->resize(window->width(), 560);
+    keyboard.page().setPreset(0, true);
+    EXPECT_GE(colours(picture(window, QStringLiteral("keymapper-sheet"))), 50);
+    window->resize(window->minimumSize());
+    test::type(window, Qt::Key_Tab);
+    EXPECT_GE(colours(picture(window, QStringLiteral("keymapper-sheet-small"))), 50);
 }
 
 TEST_P(Screens, gallery) {

@@ -42,7 +42,7 @@ protected:
         return std::make_unique<SettingsWindow>(session.views(), general.page(), modules);
     }
     std::unique_ptr<SettingsWindow> openSettings() {
-        auto settings = settingsWith(session.appState().allModules());
+        auto settings = settingsWith({session.appState().windowSnap()});
         settings->open();
         window = test::shownWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(window));

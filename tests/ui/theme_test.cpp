@@ -47,27 +47,26 @@ TEST_P(ReadableText, standsOutInBothLooks) {
 
 INSTANTIATE_TEST_SUITE_P(
     Theme, ReadableText,
-    testing::Values(Pair{"text on window", &C::text, &C::window},
-                    Pair{"text on sidebar", &C::text, &C::sidebar}, Pair{"text on card", &C::text, &C::card},
-                    Pair{"text on a hovered row", &C::text, &C::hovered},
-                    Pair{"text on control", &C::text, &C::control},
-                    Pair{"text on a hovered control", &C::text, &C::controlHovered},
-                    Pair{"text on a pressed control", &C::text, &C::controlPressed},
-                    Pair{"secondary text on window", &C::secondaryText, &C::window},
-                    Pair{"secondary text on sidebar", &C::secondaryText, &C::sidebar},
-                    Pair{"secondary text on card", &C::secondaryText, &C::card},
-                    Pair{"secondary text on a hovered row", &C::secondaryText, &C::hovered},
-                    Pair{"text on accent", &C::onAccent, &C::accent},
-                    Pair{"text on pressed accent", &C::onAccent, &C::accentPressed},
-                    Pair{"accent text on window", &C::accentText, &C::window},
-                    Pair{"accent text on card", &C::accentText, &C::card},
-                    Pair{"accent text on its wash", &C::accentText, &C::accentSoft},
-                    Pair{"success on card", &C::success, &C::card},
-                    Pair{"success on its wash", &C::success, &C::successSoft},
-                    Pair{"warning on window", &C::warning, &C::window},
-                    Pair{"warning on card", &C::warning, &C::card},
-                    Pair{"warning on its wash", &C::warning, &C::warningSoft},
-                    Pair{"text on a warning's wash", &C::text, &C::warningSoft}));
+    testing::Values(
+        Pair{"text on window", &C::text, &C::window}, Pair{"text on sidebar", &C::text, &C::sidebar},
+        Pair{"text on card", &C::text, &C::card}, Pair{"text on a hovered row", &C::text, &C::hovered},
+        Pair{"text on control", &C::text, &C::control},
+        Pair{"text on a hovered control", &C::text, &C::controlHovered},
+        Pair{"text on a pressed control", &C::text, &C::controlPressed},
+        Pair{"secondary text on window", &C::secondaryText, &C::window},
+        Pair{"secondary text on sidebar", &C::secondaryText, &C::sidebar},
+        Pair{"secondary text on card", &C::secondaryText, &C::card},
+        Pair{"secondary text on a hovered row", &C::secondaryText, &C::hovered},
+        Pair{"danger on card", &C::danger, &C::card}, Pair{"text on accent", &C::onAccent, &C::accent},
+        Pair{"text on pressed accent", &C::onAccent, &C::accentPressed},
+        Pair{"accent text on window", &C::accentText, &C::window},
+        Pair{"accent text on card", &C::accentText, &C::card},
+        Pair{"accent text on its wash", &C::accentText, &C::accentSoft},
+        Pair{"success on card", &C::success, &C::card},
+        Pair{"success on its wash", &C::success, &C::successSoft},
+        Pair{"warning on window", &C::warning, &C::window}, Pair{"warning on card", &C::warning, &C::card},
+        Pair{"warning on its wash", &C::warning, &C::warningSoft},
+        Pair{"text on a warning's wash", &C::text, &C::warningSoft}));
 
 TEST(Theme, followsTheDesktopBetweenLightAndDark) {
     FakeAppearance desktop;

@@ -50,6 +50,7 @@ T.Switch {
             }
         }
         ColumnLayout {
+            Layout.fillHeight: false
             spacing: Theme.unit / 2
 
             Label {
