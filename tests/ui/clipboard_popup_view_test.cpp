@@ -3,6 +3,7 @@
 #include "page_session.h"
 
 #include <QGuiApplication>
+#include <QStyleHints>
 #include <QTest>
 
 #include <gtest/gtest.h>
