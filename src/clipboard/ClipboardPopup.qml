@@ -64,6 +64,9 @@ FloatingFrame {
                     required property string itemID
 
                     width: list.width - list.leftMargin - list.rightMargin
+                    // A row that waits to be used again is nothing for a screen reader.
+                    ListView.onPooled: visible = false
+                    ListView.onReused: visible = true
                     isSelected: itemID === view.popup.selectedID
                     onPicked: view.popup.select(index)
                     onPasted: view.popup.paste(index)

@@ -44,6 +44,7 @@ protected:
             ClipboardStore::shared().add({.id = QUuid::createUuid(),
                                           .content = TextContent{QString::fromUtf8(text)},
                                           .sourceApp = QStringLiteral("Notes"),
+                                          .sourceAppBundleID = {},
                                           .timestamp = ReferenceTime::from(QDateTime::currentDateTimeUtc())});
         module->activate();
         hands.moveTo({700, 500});
@@ -79,7 +80,11 @@ protected:
     }
 
     QTemporaryDir home;
-    const Dirs dirs{.preferences = home.path(), .support = home.path(), .autostart = home.path()};
+    const Dirs dirs{.preferences = home.path(),
+                    .support = home.path(),
+                    .autostart = home.path(),
+                    .runtime = home.path(),
+                    .help = {}};
     SystemClock clock;
     std::unique_ptr<Host> host = createHost(dirs);
     Process process{host->platform(), clock, dirs};

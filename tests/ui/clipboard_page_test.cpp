@@ -109,7 +109,11 @@ TEST_F(ClipboardPage, theCountsAreAliveAndTheHistoryIsCleared) {
     show();
     ClipboardStore &store = ClipboardStore::shared();
     for (const char *text : {"a", "b", "c"})
-        store.add({.id = QUuid::createUuid(), .content = TextContent{QString::fromUtf8(text)}});
+        store.add({.id = QUuid::createUuid(),
+                   .content = TextContent{QString::fromUtf8(text)},
+                   .sourceApp = {},
+                   .sourceAppBundleID = {},
+                   .timestamp = {}});
     store.togglePin(store.items().front());
     EXPECT_TRUE(isSaid("Current items: 3"));
     EXPECT_TRUE(isSaid("Pinned items: 1"));

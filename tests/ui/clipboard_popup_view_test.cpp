@@ -3,9 +3,12 @@
 #include "page_session.h"
 
 #include <QGuiApplication>
+#include <QStyleHints>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <map>
 
 namespace pimloft {
 namespace {
@@ -48,12 +51,20 @@ protected:
         return item;
     }
     std::string spoken() const { return test::spoken(window()).join(QLatin1Char('\n')).toStdString(); }
+    /// The rows from top to bottom: a list makes them in another order.
     std::string entries() const {
-        QStringList rows;
-        for (const QString &line : test::spoken(window()))
-            if (line.startsWith(QLatin1String("list item: ")))
-                rows << line.mid(11);
-        return rows.join(QStringLiteral(", ")).toStdString();
+        const QLatin1String role("list item: ");
+        std::map<double, QString> rows;
+        for (const QString &line : test::spoken(window())) {
+            if (!line.startsWith(role))
+                continue;
+            const QString name = line.mid(role.size()).remove(QStringLiteral(" [selected]"));
+            rows[test::named(window(), name)->y()] = line.mid(role.size());
+        }
+        QStringList names;
+        for (const auto &[y, row] : rows)
+            names << row;
+        return names.join(QStringLiteral(", ")).toStdString();
     }
     QStringList texts() const { return test::texts(window()->contentItem()); }
     bool isSaid(const char *text) const { return texts().contains(QString::fromUtf8(text)); }

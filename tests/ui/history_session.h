@@ -33,6 +33,7 @@ public:
         store.add({.id = QUuid::createUuid(),
                    .content = content,
                    .sourceApp = QString::fromUtf8(source),
+                   .sourceAppBundleID = {},
                    .timestamp = ReferenceTime::from(QDateTime::currentDateTimeUtc().addSecs(-secondsAgo)),
                    .isPinned = isPinned});
     }

@@ -95,7 +95,7 @@ void collectTexts(QQuickItem *item, QStringList &list) {
 
 }  // namespace
 
-PageSession::PageSession() : process(desktop.platform(), clock, {.support = home_.path()}) {
+PageSession::PageSession() : process(desktop.platform(), clock, dirs()) {
     QAccessible::setActive(true);
     warnings.clear();
     previousHandler = qInstallMessageHandler(keepWarning);
@@ -106,6 +106,12 @@ PageSession::~PageSession() {
     views_.reset();
     qInstallMessageHandler(previousHandler);
     EXPECT_EQ(takeWarnings().join(QLatin1Char('\n')).toStdString(), "");
+}
+
+Dirs PageSession::dirs() const {
+    Dirs dirs;
+    dirs.support = home_.path();
+    return dirs;
 }
 
 QuickViewHost &PageSession::views() {

@@ -26,6 +26,8 @@ public:
     SystemClock clock;
 
 private:
+    Dirs dirs() const;
+
     QTemporaryDir home_;
 
 public:

@@ -68,6 +68,11 @@ INSTANTIATE_TEST_SUITE_P(
         Pair{"warning on its wash", &C::warning, &C::warningSoft},
         Pair{"text on a warning's wash", &C::text, &C::warningSoft}));
 
+TEST(Theme, theMarkOfWhatIsPinnedStandsOut) {
+    EXPECT_GE(contrast(C::light().pinned, C::light().window), 3);
+    EXPECT_GE(contrast(C::dark().pinned, C::dark().window), 3);
+}
+
 TEST(Theme, followsTheDesktopBetweenLightAndDark) {
     FakeAppearance desktop;
     Theme theme(desktop);

@@ -24,6 +24,7 @@ inline ClipboardItem entry(const ClipboardContent &content, const QString &sourc
     return {.id = QUuid::createUuid(),
             .content = content,
             .sourceApp = source,
+            .sourceAppBundleID = {},
             .timestamp = ReferenceTime::from(StoppedClock().time.addSecs(-300))};
 }
 inline ClipboardItem text(const char *string) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/text_length.h"
 
+#include <QString>
+
 #include <gtest/gtest.h>
 
 namespace pimloft {

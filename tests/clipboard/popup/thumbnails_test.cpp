@@ -49,6 +49,16 @@ TEST(Thumbnails, showThePicture) {
     EXPECT_EQ(decoded(thumbnails, item.id, bytesOf(item)).pixelColor(20, 20), QColor(Qt::blue));
 }
 
+TEST(Thumbnails, showPicturesInTheOtherFormatThatIsCopied) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QImage picture(90, 60, QImage::Format_RGB32);
+    picture.fill(Qt::green);
+    ASSERT_TRUE(picture.save(&buffer, "TIFF"));
+    Thumbnails thumbnails;
+    EXPECT_EQ(decoded(thumbnails, QUuid::createUuid(), buffer.data()).pixelColor(20, 20), QColor(Qt::green));
+}
+
 TEST(Thumbnails, whatIsNoPictureHasANullImage) {
     Thumbnails thumbnails;
     const QUuid id = QUuid::createUuid();

@@ -19,6 +19,7 @@ TEST(PointSpace, bothOriginsFollowThePrimary) {
     const PointSpace space{shifted, 1};
     EXPECT_EQ(space.toAccessibility(QPoint(0, 0)), QPointF(-600, -200));
     EXPECT_EQ(space.toDesktop(QRect(0, 0, 600, 1000)), QRectF(-600, 0, 600, 1000));
+    EXPECT_EQ(space.toDesktop(QPoint(600, 1000)), QPointF(0, 0));
     EXPECT_EQ(space.accessibilityToNative({-600, -200, 600, 500}), QRect(0, 0, 600, 500));
 }
 

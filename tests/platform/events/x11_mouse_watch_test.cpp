@@ -259,6 +259,13 @@ TEST_F(MouseWatchTest, locationsArePointsOfTheDesktop) {
     EXPECT_EQ(events.front().location, QPointF(200, 150));
 }
 
+TEST_F(MouseWatchTest, tellsWhereThePointerIsInPointsFromTheLowerEdge) {
+    EXPECT_EQ(watch.location(), QPointF(400, displays.displays().front().frame.height() - 300));
+    X11Displays scaled(session, 2);
+    X11MouseWatch scaledWatch(input, scaled);
+    EXPECT_EQ(scaledWatch.location(), QPointF(200, scaled.displays().front().frame.height() - 150));
+}
+
 TEST_F(MouseWatchTest, aWindowThatTheWindowManagerMovesIsFollowed) {
     QWidget window;
     window.setGeometry(300, 300, 400, 200);
