@@ -18,6 +18,7 @@ constexpr struct {
 } measures[] = {
     {"start", measureStart},         {"rest", measureRest},   {"drag", measureDrag},
     {"placement", measurePlacement}, {"popup", measurePopup}, {"rules", measureRules},
+    {"history", measureHistory},
 };
 
 }  // namespace
@@ -31,7 +32,8 @@ int main(int argc, char **argv) {
     parser.addOption({QStringLiteral("samples"), QStringLiteral("Where the samples are kept."),
                       QStringLiteral("folder"), QStringLiteral("bench")});
     parser.addPositionalArgument(
-        QStringLiteral("name"), QStringLiteral("start, rest, drag, placement, popup, rules; all without one"),
+        QStringLiteral("name"),
+        QStringLiteral("start, rest, drag, placement, popup, history, rules; all without one"),
         QStringLiteral("[name...]"));
     parser.process(application);
     const QStringList wanted = parser.positionalArguments();

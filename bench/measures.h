@@ -20,6 +20,8 @@ void measureDrag(Table &table, Extent extent);
 void measurePlacement(Table &table, Extent extent);
 /// From the shortcut to the popup with the clipboard history.
 void measurePopup(Table &table, Extent extent);
+/// What the clipboard history costs: to start with it, to keep it, to search it.
+void measureHistory(Table &table, Extent extent);
 /// The rules that run at every pointer event.
 void measureRules(Table &table, Extent extent);
 
