@@ -16,9 +16,9 @@ constexpr struct {
     const char *name;
     void (*measure)(Table &, Extent);
 } measures[] = {
-    {"start", measureStart},         {"rest", measureRest},     {"drag", measureDrag},
-    {"placement", measurePlacement}, {"keytap", measureKeyTap}, {"pasteboard", measurePasteboard},
-    {"popup", measurePopup},         {"rules", measureRules},
+    {"start", measureStart},         {"rest", measureRest},       {"drag", measureDrag},
+    {"placement", measurePlacement}, {"keytap", measureKeyTap},   {"pasteboard", measurePasteboard},
+    {"popup", measurePopup},         {"history", measureHistory}, {"rules", measureRules},
 };
 
 }  // namespace
@@ -33,7 +33,8 @@ int main(int argc, char **argv) {
                       QStringLiteral("folder"), QStringLiteral("bench")});
     parser.addPositionalArgument(
         QStringLiteral("name"),
-        QStringLiteral("start, rest, drag, placement, keytap, pasteboard, popup, rules; all without one"),
+        QStringLiteral(
+            "start, rest, drag, placement, keytap, pasteboard, popup, history, rules; all without one"),
         QStringLiteral("[name...]"));
     parser.process(application);
     const QStringList wanted = parser.positionalArguments();

@@ -22,6 +22,8 @@ void measurePlacement(Table &table, Extent extent);
 void measurePasteboard(Table &table, Extent extent);
 /// From the shortcut to the popup with the clipboard history.
 void measurePopup(Table &table, Extent extent);
+/// What the clipboard history costs: to start with it, to keep it, to search it.
+void measureHistory(Table &table, Extent extent);
 /// The rules that run at every pointer event.
 void measureRules(Table &table, Extent extent);
 /// What the key tap adds to the way of a key to its window.

@@ -110,8 +110,9 @@ void Base64Decoder::appendGroups(QByteArrayView text) {
     isPadded_ = padding > 0;
 
     const qsizetype needed = size_ + text.size() / 4 * 3;
+    // Far more than needed: what is not used is never there, while each growth may copy everything.
     if (needed > bytes_.size())
-        bytes_.resize(std::max(needed, bytes_.size() + bytes_.size() / 2));
+        bytes_.resize(std::max(needed, bytes_.size() * 4));
     char *out = bytes_.data() + size_;
     std::uint32_t seen = 0;
     const auto decode = [&](const char *in) {

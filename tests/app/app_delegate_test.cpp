@@ -9,6 +9,8 @@
 
 #include <QWindow>
 
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
 
 namespace pimloft {
@@ -54,7 +56,8 @@ protected:
 
     FakeDesktop desktop;
     SystemClock clock;
-    Process process{desktop.platform(), clock, {}};
+    QTemporaryDir folder;
+    Process process{desktop.platform(), clock, Dirs{{}, folder.path(), {}, {}, {}}};
     FakeViewHost views;
     AppDelegate delegate{SettingsManager::shared(), views, &AppState::shared};
 };

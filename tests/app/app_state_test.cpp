@@ -11,6 +11,7 @@
 #include "windowsnap/window_snap_module.h"
 
 #include <QSignalSpy>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -25,7 +26,8 @@ protected:
 
     FakeDesktop desktop;
     SystemClock clock;
-    Process process{desktop.platform(), clock, {}};
+    QTemporaryDir folder;
+    Process process{desktop.platform(), clock, Dirs{{}, folder.path(), {}, {}, {}}};
 };
 
 TEST_F(AppStateTest, holdsTheModulesInTheirFixedOrder) {

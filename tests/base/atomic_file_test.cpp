@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+
 #include <sys/stat.h>
 
 namespace pimloft {
@@ -78,6 +80,45 @@ TEST(AtomicFile, describesWhyAFileCannotBeReplaced) {
     ASSERT_TRUE(failure.has_value());
     EXPECT_FALSE(failure->isEmpty());
     EXPECT_TRUE(QFileInfo(root.filePath(QStringLiteral("folder"))).isDir());
+}
+
+TEST(AtomicFile, takesWhatIsWrittenToItsDescriptor) {
+    const QTemporaryDir root;
+    const QString path = root.filePath(QStringLiteral("file"));
+    const auto fill = [](int descriptor) -> std::optional<QString> {
+        for (int part = 0; part < 3; ++part)
+            EXPECT_EQ(writeFully(descriptor, "part "), 0);
+        return std::nullopt;
+    };
+    ASSERT_EQ(writeAtomically(path, fill), std::nullopt);
+    EXPECT_EQ(content(path), "part part part ");
+}
+
+TEST(AtomicFile, keepsTheOldContentWhenTheFillingFails) {
+    const QTemporaryDir root;
+    const QString path = root.filePath(QStringLiteral("file"));
+    ASSERT_EQ(writeAtomically(path, "old"), std::nullopt);
+    const auto fill = [](int descriptor) -> std::optional<QString> {
+        writeFully(descriptor, "half of it");
+        return QStringLiteral("no more");
+    };
+    EXPECT_EQ(writeAtomically(path, fill), QStringLiteral("no more"));
+    EXPECT_EQ(content(path), "old");
+    EXPECT_EQ(QDir(root.path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("file")});
+}
+
+TEST(AtomicFile, tellsWhyADescriptorCannotBeWrittenTo) {
+    EXPECT_EQ(writeFully(-1, "x"), EBADF);
+    EXPECT_EQ(errorText(EBADF), QStringLiteral("Bad file descriptor"));
+}
+
+TEST(AtomicFile, removesOnlyWhatWritesOfThisFileHaveLeft) {
+    const QTemporaryDir root;
+    for (const char *name : {"file", "file.aBcDeF", "file.bak", "other.aBcDeF"})
+        ASSERT_EQ(writeAtomically(root.filePath(QString::fromLatin1(name)), "x"), std::nullopt);
+    removeAbandonedWrites(root.filePath(QStringLiteral("file")));
+    EXPECT_EQ(QDir(root.path()).entryList(QDir::Files, QDir::Name).join(u' '),
+              QStringLiteral("file file.bak other.aBcDeF"));
 }
 
 }  // namespace

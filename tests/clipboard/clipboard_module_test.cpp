@@ -151,6 +151,14 @@ TEST_F(ClipboardModuleTest, pastesNothingWhenSomethingElseIsCopiedMeanwhile) {
     EXPECT_EQ(desktop.log(), "");
 }
 
+TEST_F(ClipboardModuleTest, namesItsPageAndWhatItShows) {
+    const auto page = module->settingsView();
+    ASSERT_TRUE(page);
+    EXPECT_EQ(page->source, QUrl(QStringLiteral("qrc:/qt/qml/Pimloft/Clipboard/ClipboardSettings.qml")));
+    EXPECT_TRUE(
+        qobject_cast<ClipboardSettings *>(page->properties[QStringLiteral("settings")].value<QObject *>()));
+}
+
 TEST_F(ClipboardModuleTest, canGoWhileAPasteWaitsForItsText) {
     module->activate();
     desktop.pasteboard.copy({{PasteType::plainText, "x"}});
