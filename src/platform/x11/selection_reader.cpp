@@ -169,6 +169,11 @@ void SelectionReader::learnTargets(const Talk &talk) {
 }
 
 void SelectionReader::tryNextWish(Talks::iterator talk) {
+    if (talk->step == Step::pieces) {
+        // More of the old answer may still come, and must not be taken for the next one.
+        retire(*talk);
+        talk->window = link_.makeWindow();
+    }
     talk->asksTargets = false;
     talk->step = Step::content;
     const std::vector<SelectionWish> &wishes = talk->query.wishes;

@@ -223,6 +223,25 @@ bool XDesktop::isPointerFree() const {
     return true;
 }
 
+void XDesktop::holdKeyboard() {
+    const auto cookie = xcb_grab_keyboard(connection_, true, screen_->root, XCB_CURRENT_TIME,
+                                          XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    const auto reply = owned(xcb_grab_keyboard_reply(connection_, cookie, nullptr));
+    if (!reply || reply->status != XCB_GRAB_STATUS_SUCCESS)
+        qFatal("the keyboard is another program's");
+}
+
+void XDesktop::releaseKeyboard() {
+    xcb_ungrab_keyboard(connection_, XCB_CURRENT_TIME);
+    xcb_flush(connection_);
+}
+
+bool XDesktop::hasCompositor() const {
+    const auto cookie = xcb_get_selection_owner(connection_, atom("_NET_WM_CM_S0"));
+    const auto reply = owned(xcb_get_selection_owner_reply(connection_, cookie, nullptr));
+    return reply && reply->owner != XCB_NONE;
+}
+
 bool XDesktop::grab(int key, std::uint16_t modifiers) const {
     const auto cookie =
         xcb_grab_key_checked(connection_, false, screen_->root, modifiers, xcb_keycode_t(key + evdevOffset),

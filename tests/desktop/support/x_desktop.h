@@ -55,6 +55,13 @@ public:
     /// Whether nobody holds the pointer, as a window manager does until it has finished a move.
     bool isPointerFree() const;
 
+    /// Takes the whole keyboard for this connection, as an open menu does, and gives it back.
+    void holdKeyboard();
+    void releaseKeyboard();
+
+    /// Whether windows are blended with what is below them.
+    bool hasCompositor() const;
+
     /// Whether some other program has this combination. Takes it for no moment that anybody could notice.
     bool isKeyTaken(int key, std::uint16_t modifiers) const;
     /// Keeps a combination for this connection, as another program with that hotkey does.

@@ -70,8 +70,8 @@ public:
         announced_ = request;
         answer(request, atom("INCR"), 32, {reinterpret_cast<const char *>(&size), sizeof size});
     }
-    void piece(const std::string &bytes) {
-        put(announced_, atom("image/png"), 8, bytes);
+    void piece(const std::string &bytes, int format = 8) {
+        put(announced_, atom("image/png"), format, bytes);
         xcb_flush(x);
     }
 
@@ -150,6 +150,9 @@ const std::map<std::string, Behaviour> behaviours = {
           if (owner.pieces < 2)
               owner.piece("x");
       }}},
+    {"changesFormatInThePieces",
+     {pictureAndText<announcement<100>>,
+      [](Owner &owner) { owner.piece("xxxx", owner.pieces < 2 ? 8 : 32); }}},
     {"sendsForEver",
      {pictureAndText<announcement<1>>, [](Owner &owner) { owner.piece(std::string(256 << 10, 'x')); }}},
     {"sendsSlowly", {pictureAndText<announcement<1>>, slowPiece<20, 10>}},
