@@ -57,7 +57,7 @@ protected:
     FakeDesktop desktop;
     SystemClock clock;
     QTemporaryDir folder;
-    Process process{desktop.platform(), clock, Dirs{{}, folder.path(), {}, {}, {}}};
+    Process process{desktop.platform(), clock, Dirs{{}, folder.path(), {}, {}, {}, {}}};
     FakeViewHost views;
     AppDelegate delegate{SettingsManager::shared(), views, &AppState::shared};
 };

@@ -27,7 +27,7 @@ protected:
     FakeDesktop desktop;
     SystemClock clock;
     QTemporaryDir folder;
-    Process process{desktop.platform(), clock, Dirs{{}, folder.path(), {}, {}, {}}};
+    Process process{desktop.platform(), clock, Dirs{{}, folder.path(), {}, {}, {}, {}}};
 };
 
 TEST_F(AppStateTest, holdsTheModulesInTheirFixedOrder) {
