@@ -5,17 +5,12 @@
 #include "desktop/support/x_desktop.h"
 #include "support/desktop_session.h"
 #include "support/physical_input.h"
+#include "support/qt_printers.h"
 
 #include <gmock/gmock.h>
 
 #include <memory>
-#include <ostream>
 #include <vector>
-
-/// How a failed test shows a rectangle.
-inline void PrintTo(const QRect &rect, std::ostream *out) {
-    *out << rect.width() << 'x' << rect.height() << '+' << rect.x() << '+' << rect.y();
-}
 
 namespace pimloft::test {
 
