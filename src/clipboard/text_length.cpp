@@ -17,11 +17,19 @@ bool isPlain(QStringView text) {
                        [](char16_t code) { return code < firstCombining; });
 }
 
+/// Line ends of two codes.
+qsizetype doubleLineEnds(QStringView text) {
+    qsizetype count = 0;
+    for (qsizetype at = 1; at < text.size(); ++at)
+        count += text[at] == u'\n' && text[at - 1] == u'\r';
+    return count;
+}
+
 }  // namespace
 
 qsizetype characterCount(QStringView text) {
     if (isPlain(text))
-        return text.size() - text.count(QLatin1String("\r\n"));
+        return text.size() - doubleLineEnds(text);
     qsizetype count = 0;
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);
     while (finder.toNextBoundary() >= 0)
