@@ -157,7 +157,10 @@ private:
     Model model_;
 };
 
-TEST(ClipboardStoreProperty, holdsAndKeepsWhatTheRulesSayWhateverTheUserDoes) {
+/// Ten users, so that they can be tried at the same time: 100,000 steps in all.
+class ClipboardStoreProperty : public testing::TestWithParam<int> {};
+
+TEST_P(ClipboardStoreProperty, holdsAndKeepsWhatTheRulesSayWhateverTheUserDoes) {
     const unsigned seed = std::random_device()();
     SCOPED_TRACE(testing::Message() << "seed " << seed);
     // Each step is saved: on a RAM disk where there is one.
@@ -165,7 +168,7 @@ TEST(ClipboardStoreProperty, holdsAndKeepsWhatTheRulesSayWhateverTheUserDoes) {
     const QTemporaryDir memory(shared);
     const QTemporaryDir disk;
     RandomUser user(seed, memory.isValid() ? memory.path() : disk.path());
-    for (int step = 0; step < 100'000; ++step) {
+    for (int step = 0; step < 10'000; ++step) {
         user.doSomething();
         user.compare();
         if (step % 500 == 0)
@@ -175,6 +178,8 @@ TEST(ClipboardStoreProperty, holdsAndKeepsWhatTheRulesSayWhateverTheUserDoes) {
     }
     user.compareWithDisk();
 }
+
+INSTANTIATE_TEST_SUITE_P(Users, ClipboardStoreProperty, testing::Range(0, 10));
 
 }  // namespace
 }  // namespace pimloft
