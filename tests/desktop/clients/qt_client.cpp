@@ -32,7 +32,7 @@ protected:
 
 private:
     QString text() const {
-        const bool isBold = toHtml().contains(QLatin1String("font-weight:"));
+        const bool isBold = toHtml().contains(QLatin1String("font-weight:7"));
         return toPlainText() + (isBold ? QStringLiteral("*") : QString());
     }
     static void save(const QString &file, const QString &content) {

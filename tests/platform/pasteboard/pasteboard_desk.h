@@ -2,10 +2,13 @@
 #pragma once
 
 #include "platform/pasteboard/x11_pasteboard.h"
+#include "requestor.h"
 #include "support/desktop_session.h"
 
+#include <QClipboard>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QGuiApplication>
 
 #include <gtest/gtest.h>
 
@@ -50,7 +53,7 @@ protected:
             result = std::move(data);
         });
         EXPECT_FALSE(result) << "answered before the call returned";
-        EXPECT_TRUE(test::waitUntil([&] { return result.has_value(); }));
+        EXPECT_TRUE(test::waitUntil([&] { return result.has_value(); }, 20000));
         return result.value_or(PasteData{PasteData::failed, PasteType::plainText, {}});
     }
     PasteData read(std::vector<PasteType> wanted) {
@@ -61,12 +64,25 @@ protected:
     std::optional<PasteOrigin> origin(qint64 change) {
         std::optional<std::optional<PasteOrigin>> result;
         pasteboard_.origin(change, &context_, [&result](auto answer) { result = answer; });
-        EXPECT_TRUE(test::waitUntil([&] { return result.has_value(); }));
+        EXPECT_TRUE(test::waitUntil([&] { return result.has_value(); }, 20000));
         return result.value_or(std::nullopt);
     }
 
     bool countBecomes(qint64 count) {
         return test::waitUntil([&] { return pasteboard_.changeCount() == count; });
+    }
+
+    /// Qt copies and pastes at the time of the last event that it has seen, which must not be before the last
+    /// copy. Counts as one copy.
+    void letQtSeeACopy() {
+        bool isSeen = false;
+        const qint64 before = pasteboard_.changeCount();
+        const auto seen = QObject::connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, &context_,
+                                           [&isSeen] { isSeen = true; });
+        test::Requestor other;
+        other.own();
+        EXPECT_TRUE(test::waitUntil([&] { return isSeen && pasteboard_.changeCount() > before; }));
+        QObject::disconnect(seen);
     }
 
     /// Another program copies. It ends with the answer, or when somebody else copies.

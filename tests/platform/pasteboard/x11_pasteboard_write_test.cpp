@@ -69,6 +69,7 @@ TEST_F(X11PasteboardWrite, isReadByGtkPrograms) {
 }
 
 TEST_F(X11PasteboardWrite, isReadByQtWhileItKeepsTheMainThread) {
+    letQtSeeACopy();
     int noticed = 0;
     QObject::connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, &context_, [&] { ++noticed; });
     pasteboard_.write({{PasteType::plainText, "text"}, {PasteType::fileUrls, "file:///a%20b\nfile:///c"}});
