@@ -20,7 +20,7 @@ AppState::Modules makeModules() {
             .clipboardPlus = std::make_unique<ClipboardModule>(settings),
             .finderFix = std::make_unique<FinderFixModule>(settings),
             .keyMapper = std::make_unique<KeyMapperModule>(settings),
-            .quickVolume = std::make_unique<QuickVolumeModule>(settings)};
+            .quickVolume = QuickVolumeModule::create()};
 }
 
 }  // namespace

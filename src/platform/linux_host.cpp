@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "base/dirs.h"
 #include "platform/appearance/linux_appearance.h"
+#include "platform/audio/pulse_audio.h"
 #include "platform/diagnosis/x11_diagnosis.h"
 #include "platform/dialogs/qt_dialogs.h"
 #include "platform/displays/x11_displays.h"
@@ -13,6 +14,8 @@
 #include "platform/pasteboard/x11_pasteboard.h"
 #include "platform/platform.h"
 #include "platform/preferences/json_preferences.h"
+#include "platform/scripting/linux_scripting.h"
+#include "platform/scripting/player_scripts.h"
 #include "platform/windows/x11_windows.h"
 #include "platform/workspace/x11_workspace.h"
 #include "platform/x11/x11_active_window.h"
@@ -42,7 +45,7 @@ public:
     explicit LinuxHost(const Dirs &dirs)
         : preferences_(dirs.preferences), loginItem_(dirs.autostart, QCoreApplication::applicationFilePath()),
           displays_(session_, scaleOfLogin()), appearance_(session_, bus_),
-          diagnosis_(session_, sessionType_, bus_), windows_(session_, displays_, sessionType_),
+          diagnosis_(session_, sessionType_, bus_, audio_), windows_(session_, displays_, sessionType_),
           mouse_(input_, displays_), hotkeys_(session_, keyboard_, input_),
           workspace_(session_, activeWindow_, dirs.help, bus_), panels_({.displays = displays_,
                                                                          .keyboard = keyboard_,
@@ -51,10 +54,12 @@ public:
                                                                          .activeWindow = activeWindow_,
                                                                          .compositor = compositor_}),
           keys_(
-              keyboard_, [this] { panels_.endTyping(); }, [this] { return workspace_.frontmostChord(); }) {}
+              keyboard_, [this] { panels_.endTyping(); }, [this] { return workspace_.frontmostChord(); }),
+          scripting_(scriptHandlers()) {}
 
     Platform platform() override {
         return {.appearance = appearance_,
+                .audio = audio_,
                 .diagnosis = diagnosis_,
                 .dialogs = dialogs_,
                 .displays = displays_,
@@ -66,11 +71,19 @@ public:
                 .panels = panels_,
                 .pasteboard = pasteboard_,
                 .preferences = preferences_,
+                .scripting = scripting_,
                 .windows = windows_,
                 .workspace = workspace_};
     }
 
 private:
+    std::vector<std::unique_ptr<ScriptHandler>> scriptHandlers() {
+        std::vector<std::unique_ptr<ScriptHandler>> handlers;
+        handlers.push_back(std::make_unique<PlayerScripts>(
+            bus_, [this](const MprisPlayer &player) { return workspace_.identifyPlayer(player); }));
+        return handlers;
+    }
+
     const QString sessionType_ = qEnvironmentVariable("XDG_SESSION_TYPE");
     const QDBusConnection bus_ = QDBusConnection::sessionBus();
     X11Session session_;
@@ -84,6 +97,7 @@ private:
     QtDialogs dialogs_;
     X11Displays displays_;
     LinuxAppearance appearance_;
+    PulseAudio audio_;
     X11Diagnosis diagnosis_;
     X11Windows windows_;
     X11MouseWatch mouse_;
@@ -93,6 +107,7 @@ private:
     X11KeyPoster keys_;
     X11KeyTap keyTap_;
     X11Pasteboard pasteboard_;
+    LinuxScripting scripting_;
 };
 
 }  // namespace

@@ -67,6 +67,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Pair{"warning on window", &C::warning, &C::window},
                     Pair{"warning on card", &C::warning, &C::card},
                     Pair{"warning on its wash", &C::warning, &C::warningSoft},
+                    Pair{"danger on window", &C::danger, &C::window},
+                    Pair{"danger on card", &C::danger, &C::card},
                     Pair{"text on a warning's wash", &C::text, &C::warningSoft}));
 
 TEST(Theme, followsTheDesktopBetweenLightAndDark) {

@@ -8,11 +8,13 @@
 
 namespace pimloft {
 
+class PulseAudio;
+
 /// What an X11 desktop grants and refuses. Main thread; asks the server and the bus, and waits for them.
 class X11Diagnosis final : public DiagnosisService {
 public:
     /// `sessionType` is what the login tells in XDG_SESSION_TYPE, `bus` the session's, connected or not.
-    X11Diagnosis(X11Session &session, QString sessionType, QDBusConnection bus);
+    X11Diagnosis(X11Session &session, QString sessionType, QDBusConnection bus, PulseAudio &audio);
 
     std::vector<Finding> findings() override;
 
@@ -23,10 +25,12 @@ private:
     Finding windowManager();
     Finding compositor();
     Finding tray();
+    Finding sound();
 
     X11Session &session_;
     QString sessionType_;
     QDBusConnection bus_;
+    PulseAudio &audio_;
 };
 
 }  // namespace pimloft

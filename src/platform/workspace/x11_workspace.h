@@ -28,6 +28,11 @@ public:
     /// How the program in front wants to be told a shortcut of the platform. Cheap.
     ShortcutChord frontmostChord();
 
+    /// Which application a media player is.
+    std::optional<QString> identifyPlayer(const MprisPlayer &player) {
+        return programs_.identifyPlayer(player);
+    }
+
 private:
     struct Front {
         std::optional<Application> application;

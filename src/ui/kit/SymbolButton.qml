@@ -8,6 +8,9 @@ T.Button {
     id: button
 
     property string symbol
+    property color tint: Theme.colors.secondaryText
+    property double symbolSize: Theme.symbolSize
+    readonly property bool plain: Qt.colorEqual(tint, Theme.colors.secondaryText)
 
     implicitWidth: Theme.controlHeight
     implicitHeight: Theme.controlHeight
@@ -17,8 +20,8 @@ T.Button {
         Symbol {
             anchors.centerIn: parent
             name: button.symbol
-            size: Theme.symbolSize
-            color: button.hovered || button.down ? Theme.colors.text : Theme.colors.secondaryText
+            size: button.symbolSize
+            color: button.plain && (button.hovered || button.down) ? Theme.colors.text : button.tint
         }
     }
 

@@ -73,6 +73,7 @@ ThemeColors ThemeColors::light() {
     colors.successSoft = 0xddf3e4;
     colors.warning = 0xa34a08;
     colors.warningSoft = 0xfdf0dc;
+    colors.danger = 0xc3261c;
     colors.focusRing = 0x5b8df5;
     return colors;
 }
@@ -104,6 +105,7 @@ ThemeColors ThemeColors::dark() {
     colors.successSoft = 0x1d3a29;
     colors.warning = 0xf6b73c;
     colors.warningSoft = 0x3d3019;
+    colors.danger = 0xff7b72;
     colors.focusRing = 0x6b9dfb;
     return colors;
 }

@@ -44,6 +44,7 @@ struct ThemeColors {
     Q_PROPERTY(QColor successSoft MEMBER successSoft)
     Q_PROPERTY(QColor warning MEMBER warning)
     Q_PROPERTY(QColor warningSoft MEMBER warningSoft)
+    Q_PROPERTY(QColor danger MEMBER danger)
     Q_PROPERTY(QColor focusRing MEMBER focusRing)
 
 public:
@@ -72,6 +73,7 @@ public:
     QColor successSoft;
     QColor warning;  ///< text and symbols on window, card and warningSoft
     QColor warningSoft;
+    QColor danger;     ///< symbols and text, on window and card, of what is silenced or lost
     QColor focusRing;  ///< around what has the keyboard
 
     static ThemeColors light();
@@ -90,6 +92,7 @@ class Theme : public QObject {
     Q_PROPERTY(QFont headline READ headline CONSTANT)
     Q_PROPERTY(QFont body READ body CONSTANT)
     Q_PROPERTY(QFont callout READ callout CONSTANT)
+    Q_PROPERTY(QFont calloutBold READ calloutBold CONSTANT)
     Q_PROPERTY(QFont caption READ caption CONSTANT)
     Q_PROPERTY(QFont keys READ keys CONSTANT)
     Q_PROPERTY(QFont keysCaption READ keysCaption CONSTANT)
@@ -100,6 +103,7 @@ class Theme : public QObject {
     Q_PROPERTY(double cardRadius MEMBER cardRadius CONSTANT)
     Q_PROPERTY(double controlRadius MEMBER controlRadius CONSTANT)
     Q_PROPERTY(double pageWidth READ pageWidth CONSTANT)
+    Q_PROPERTY(double panelListHeight READ panelListHeight CONSTANT)
     Q_PROPERTY(int quick MEMBER quick CONSTANT)
     Q_PROPERTY(int calm MEMBER calm CONSTANT)
 
@@ -118,6 +122,7 @@ public:
     QFont headline() const { return font(1, QFont::DemiBold); }
     QFont body() const { return font(1, QFont::Normal); }
     QFont callout() const { return font(0.95, QFont::Normal); }
+    QFont calloutBold() const { return font(0.95, QFont::DemiBold); }
     QFont caption() const { return font(0.86, QFont::Normal); }
     /// For the names of keys: all digits and carets equally wide.
     QFont keys() const { return keyFont(0.9); }
@@ -128,6 +133,8 @@ public:
     double symbolSize() const { return std::round(bodySize_ * 1.35); }
     /// The most that a page of settings spreads its rows.
     double pageWidth() const { return std::round(bodySize_ * 42); }
+    /// The most that a list in a panel grows to before it scrolls.
+    double panelListHeight() const { return std::round(bodySize_ * 30); }
 
 signals:
     void changed();
