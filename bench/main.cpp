@@ -17,7 +17,7 @@ constexpr struct {
     void (*measure)(Table &, Extent);
 } measures[] = {
     {"start", measureStart},         {"rest", measureRest},   {"drag", measureDrag},
-    {"placement", measurePlacement}, {"rules", measureRules},
+    {"placement", measurePlacement}, {"rules", measureRules}, {"sound", measureSound},
 };
 
 }  // namespace
@@ -30,9 +30,9 @@ int main(int argc, char **argv) {
     parser.addOption({QStringLiteral("quick"), QStringLiteral("Fewer samples, no minute-long waits.")});
     parser.addOption({QStringLiteral("samples"), QStringLiteral("Where the samples are kept."),
                       QStringLiteral("folder"), QStringLiteral("bench")});
-    parser.addPositionalArgument(QStringLiteral("name"),
-                                 QStringLiteral("start, rest, drag, placement, rules; all without one"),
-                                 QStringLiteral("[name...]"));
+    parser.addPositionalArgument(
+        QStringLiteral("name"), QStringLiteral("start, rest, drag, placement, rules, sound; all without one"),
+        QStringLiteral("[name...]"));
     parser.process(application);
     const QStringList wanted = parser.positionalArguments();
     Table table(parser.value(QStringLiteral("samples")));

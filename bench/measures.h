@@ -21,4 +21,7 @@ void measurePlacement(Table &table, Extent extent);
 /// The rules that run at every pointer event.
 void measureRules(Table &table, Extent extent);
 
+/// How long a change of the volume is on its way, and what looking for players costs.
+void measureSound(Table &table, Extent extent);
+
 }  // namespace pimloft::bench

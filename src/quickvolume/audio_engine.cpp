@@ -230,8 +230,8 @@ void AudioEngine::publishAudioApps(QList<AudioApp> apps) {
 }
 
 AudioApp *AudioEngine::find(std::int32_t id) {
-    const auto found =
-        std::find_if(audioApps_.begin(), audioApps_.end(), [id](const AudioApp &app) { return app.id == id; });
+    const auto found = std::find_if(audioApps_.begin(), audioApps_.end(),
+                                    [id](const AudioApp &app) { return app.id == id; });
     return found == audioApps_.end() ? nullptr : &*found;
 }
 

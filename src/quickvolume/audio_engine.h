@@ -17,16 +17,15 @@ namespace pimloft {
 class ScriptingService;
 class WorkspaceService;
 
-/// The model behind the volume mixer: the default output device's volume and mute, the output devices, and the
-/// running applications that are known to play sound. Main thread.
+/// The model behind the volume mixer: the default output device's volume and mute, the output devices, and
+/// the running applications that are known to play sound. Main thread.
 ///
 /// What is published changes from the event loop, after the call that asked for it has returned. Whatever the
 /// sound system refuses is skipped without a word, and what is published stays as it was.
 class AudioEngine : public QObject {
     Q_OBJECT
     Q_PROPERTY(QList<pimloft::AudioApp> audioApps READ audioApps NOTIFY audioAppsChanged)
-    Q_PROPERTY(
-        QList<pimloft::AudioOutputDevice> outputDevices READ outputDevices NOTIFY outputDevicesChanged)
+    Q_PROPERTY(QList<pimloft::AudioOutputDevice> outputDevices READ outputDevices NOTIFY outputDevicesChanged)
     Q_PROPERTY(float systemVolume READ systemVolume NOTIFY systemVolumeChanged)
     Q_PROPERTY(bool isSystemMuted READ isSystemMuted NOTIFY isSystemMutedChanged)
 
@@ -98,7 +97,8 @@ private:
     bool isActive_ = false;
     std::unique_ptr<QTimer> pollTimer_;
     std::optional<VolumeListenerId> volumeListenerBlock_;
-    std::unique_ptr<QObject> appPosts_;  ///< destroying it drops what is still to be published of applications
+    std::unique_ptr<QObject>
+        appPosts_;  ///< destroying it drops what is still to be published of applications
 };
 
 }  // namespace pimloft

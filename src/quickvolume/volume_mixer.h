@@ -29,8 +29,8 @@ public:
     float systemVolume() const;
     bool isSystemMuted() const;
 
-    /// Reads everything anew: nobody tells of other devices, of mute, or of the volume of another default. The
-    /// applications stay those of a running engine.
+    /// Reads everything anew: nobody tells of other devices, of mute, or of the volume of another default.
+    /// The applications stay those of a running engine.
     Q_INVOKABLE void refresh();
 
     Q_INVOKABLE void setSystemVolume(float volume);

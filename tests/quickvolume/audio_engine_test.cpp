@@ -454,8 +454,8 @@ TEST_F(AudioEngineTest, anApplicationWithoutIdentifierIsToldNothing) {
 }
 
 TEST_F(AudioEngineTest, errorsOfScriptsAreIgnored) {
-    desktop.scripting.results[QStringLiteral("tell application \"Spotify\" to set sound volume to 50")].error =
-        QStringLiteral("It is not running.");
+    desktop.scripting.results[QStringLiteral("tell application \"Spotify\" to set sound volume to 50")]
+        .error = QStringLiteral("It is not running.");
     start();
     run({application(5, "com.spotify.client", "Spotify")});
     engine.setVolume(app(), 0.5F);
@@ -481,8 +481,8 @@ TEST_P(SentVolume, isTheWholePercentCutOff) {
 
 INSTANTIATE_TEST_SUITE_P(AudioEngine, SentVolume,
                          testing::Values(Sent{0.999F, 99}, Sent{1.0F, 100}, Sent{0.0F, 0}, Sent{0.505F, 50},
-                                         Sent{0.29F, 29}, Sent{0.009F, 0}, Sent{-0.5F, -50},
-                                         Sent{-0.009F, 0}, Sent{1.7F, 170}));
+                                         Sent{0.29F, 29}, Sent{0.009F, 0}, Sent{-0.5F, -50}, Sent{-0.009F, 0},
+                                         Sent{1.7F, 170}));
 
 TEST_F(AudioEngineTest, aVolumeThatIsNoNumberIsNotSent) {
     start();

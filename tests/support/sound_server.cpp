@@ -81,9 +81,9 @@ QProcess &SoundServer::spawn(const QString &program, const QStringList &argument
 }
 
 void SoundServer::startBus() {
-    QProcess &bus = spawn(
-        QStringLiteral("dbus-daemon"),
-        {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1")});
+    QProcess &bus =
+        spawn(QStringLiteral("dbus-daemon"),
+              {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1")});
     while (!bus.canReadLine())
         if (!bus.waitForReadyRead(10000))
             fail(QStringLiteral("dbus-daemon does not come up"));
@@ -144,9 +144,10 @@ QString SoundServer::pactl(const QStringList &arguments) const {
 QString SoundServer::load(const QStringList &module, const QString &waitFor) {
     const QString number = pactl(QStringList{QStringLiteral("load-module")} + module);
     const bool there = comesTrue([&] {
-        const QString kind = module.at(0).contains(QLatin1String("source")) ? QStringLiteral("sources")
-                                                                           : QStringLiteral("sinks");
-        return pactl({QStringLiteral("list"), QStringLiteral("short"), kind}).contains(waitFor);
+        const auto list = [this](const char *kind) {
+            return pactl({QStringLiteral("list"), QStringLiteral("short"), QLatin1String(kind)});
+        };
+        return (list("sinks") + list("sources")).contains(waitFor);
     });
     if (!there)
         fail(QStringLiteral("the sound server does not add %1").arg(waitFor));
@@ -171,7 +172,7 @@ QString SoundServer::addSource(const QString &name, const QString &description) 
     return load({QStringLiteral("module-null-sink"), QStringLiteral("media.class=Audio/Source/Virtual"),
                  QStringLiteral("sink_name=") + name,
                  QStringLiteral("sink_properties=device.description=") + description,
-                 QStringLiteral("channel_map=mono"), QStringLiteral("object.linger=source")},
+                 QStringLiteral("channel_map=front-left,front-right")},
                 name);
 }
 

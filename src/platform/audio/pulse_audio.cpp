@@ -15,7 +15,8 @@ constexpr auto defaultSettles = 500ms;
 
 constexpr auto firstAnswer = 400ms;
 
-template <typename Map> void eraseUpTo(Map &own, quint64 carriedOut) {
+template <typename Map>
+void eraseUpTo(Map &own, quint64 carriedOut) {
     std::erase_if(own, [carriedOut](const auto &each) { return each.second.change <= carriedOut; });
 }
 
@@ -118,8 +119,7 @@ bool PulseAudio::setMuted(AudioDeviceId device, bool muted) {
     const PulseDevice *found = find(device);
     if (!found || !found->output)
         return false;
-    const quint64 change =
-        server_.change([&](PulseChanges &changes) { changes.mutes[found->name] = muted; });
+    const quint64 change = server_.change([&](PulseChanges &changes) { changes.mutes[found->name] = muted; });
     ownMutes_[device] = {muted, change};
     return true;
 }
@@ -128,8 +128,7 @@ bool PulseAudio::setDefaultOutputDevice(AudioDeviceId device) {
     const PulseDevice *found = find(device);
     if (!found || !found->output)
         return false;
-    const quint64 change =
-        server_.change([&](PulseChanges &changes) { changes.defaultSink = found->name; });
+    const quint64 change = server_.change([&](PulseChanges &changes) { changes.defaultSink = found->name; });
     ownDefault_ = {device, change};
     patience_.stop();
     return true;
@@ -157,7 +156,8 @@ void PulseAudio::take(PulseState state) {
     for (const auto &[id, listener] : listeners_)
         before[listener.device] = volume(listener.device);
     // A server that comes up at login has its devices a little later than itself.
-    const bool gotItsFirst = state_.defaultSink.isEmpty() && !state.defaultSink.isEmpty() && listeners_.empty();
+    const bool gotItsFirst =
+        state_.defaultSink.isEmpty() && !state.defaultSink.isEmpty() && listeners_.empty();
     const bool restarted = state.connected && (state.connection != state_.connection || gotItsFirst);
     state_ = std::move(state);
     forgetWhatCameBack();
@@ -193,7 +193,8 @@ PulseAudio::Summary PulseAudio::summary() {
     Summary summary{.server = state.server};
     for (const PulseDevice &device : state.devices)
         if (device.output && device.name == state.defaultSink)
-            summary.output = device.description.isEmpty() ? QString::fromUtf8(device.name) : device.description;
+            summary.output =
+                device.description.isEmpty() ? QString::fromUtf8(device.name) : device.description;
     return summary;
 }
 

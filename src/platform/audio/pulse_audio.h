@@ -39,14 +39,15 @@ public:
     /// The server and what it plays to, for the diagnosis. Waits a moment where the server has only just been
     /// looked for.
     struct Summary {
-        QString server;  ///< empty where there is none
+        QString server;       ///< empty where there is none
         QString output = {};  ///< empty where it has none
     };
     Summary summary();
 
 private:
     /// What was set and may not have come back from the server yet.
-    template <typename Value> struct Own {
+    template <typename Value>
+    struct Own {
         Value value;
         quint64 change;
     };

@@ -79,8 +79,8 @@ void PulseServer::connect() {
     context_.reset(pa_context_new_with_proplist(loop_.api(), "Pimloft", properties));
     pa_proplist_free(properties);
     pa_context_set_state_callback(
-        context_.get(),
-        [](pa_context *, void *self) { static_cast<PulseServer *>(self)->contextChanged(); }, this);
+        context_.get(), [](pa_context *, void *self) { static_cast<PulseServer *>(self)->contextChanged(); },
+        this);
     pa_context_set_subscribe_callback(
         context_.get(),
         [](pa_context *, pa_subscription_event_type_t, std::uint32_t, void *self) {
@@ -162,7 +162,8 @@ void PulseServer::takeServer(const pa_server_info *info) {
     reading_.defaultSink = info->default_sink_name;
 }
 
-template <typename Info> void PulseServer::takeDevice(const Info &info, bool output) {
+template <typename Info>
+void PulseServer::takeDevice(const Info &info, bool output) {
     reading_.devices.push_back({.name = info.name,
                                 .description = QString::fromUtf8(info.description),
                                 .output = output,
@@ -214,8 +215,9 @@ void PulseServer::carryOut() {
     {
         const std::lock_guard lock(mutex_);
         // Without a server nothing can be changed, and what was wished for then is not for the next one.
-        changes = state_.connected ? changes_.take([this](const Thing &thing) { return !busy_.contains(thing); })
-                                   : changes_.take([](const Thing &) { return true; });
+        changes = state_.connected
+                      ? changes_.take([this](const Thing &thing) { return !busy_.contains(thing); })
+                      : changes_.take([](const Thing &) { return true; });
         newest = changes_.newest;
         allTaken = changes_.isEmpty();
     }
@@ -230,22 +232,22 @@ void PulseServer::carryOut() {
 void PulseServer::carryOut(const PulseChanges &changes) {
     for (const auto &[sink, volume] : changes.volumes)
         if (const auto channels = channelsFor(sink, volume))
-            call({Thing::volume, sink}, [&](void *call) {
+            call({Thing::volume, sink}, [&, &sink = sink](void *call) {
                 return pa_context_set_sink_volume_by_name(context_.get(), sink, &*channels, onDone, call);
             });
     for (const auto &[sink, muted] : changes.mutes)
-        call({Thing::mute, sink}, [&](void *call) {
+        call({Thing::mute, sink}, [&, &sink = sink, &muted = muted](void *call) {
             return pa_context_set_sink_mute_by_name(context_.get(), sink, muted, onDone, call);
         });
     if (const auto &sink = changes.defaultSink)
-        call({Thing::defaultSink, {}}, [&](void *call) {
-            return pa_context_set_default_sink(context_.get(), *sink, onDone, call);
-        });
+        call({Thing::defaultSink, {}},
+             [&](void *call) { return pa_context_set_default_sink(context_.get(), *sink, onDone, call); });
 }
 
 std::optional<pa_cvolume> PulseServer::channelsFor(const QByteArray &sink, float volume) {
-    const auto device = std::find_if(state_.devices.begin(), state_.devices.end(),
-                                     [&](const PulseDevice &each) { return each.output && each.name == sink; });
+    const auto device =
+        std::find_if(state_.devices.begin(), state_.devices.end(),
+                     [&](const PulseDevice &each) { return each.output && each.name == sink; });
     if (device == state_.devices.end())
         return std::nullopt;
     const auto balanced = balanced_.find(sink);

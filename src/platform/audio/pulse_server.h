@@ -15,8 +15,8 @@
 
 namespace pimloft {
 
-/// The connection to a sound server, on a thread of its own: follows what the server has, carries changes out,
-/// and connects again whenever the server is gone. PulseAudio, and PipeWire where it speaks the same.
+/// The connection to a sound server, on a thread of its own: follows what the server has, carries changes
+/// out, and connects again whenever the server is gone. PulseAudio, and PipeWire where it speaks the same.
 ///
 /// Public operations are for the main thread and never wait, but where they say so.
 class PulseServer {
@@ -55,7 +55,8 @@ private:
     void takeServer(const pa_server_info *info);
     void takeSource(const pa_source_info *info);
     void takeSink(const pa_sink_info *info);
-    template <typename Info> void takeDevice(const Info &info, bool output);
+    template <typename Info>
+    void takeDevice(const Info &info, bool output);
 
     void carryOut();
     void carryOut(const PulseChanges &changes);
@@ -77,7 +78,7 @@ private:
     PulseState reading_;
     PulseState state_;
     std::list<Call> calls_;
-    std::set<Thing> busy_;  ///< one change of a thing at a time
+    std::set<Thing> busy_;                       ///< one change of a thing at a time
     std::map<QByteArray, pa_cvolume> balanced_;  ///< each sink's volume as others have set it, and audible
     std::map<QByteArray, pa_cvolume> written_;   ///< as it was set here last
 

@@ -31,11 +31,11 @@ struct PulseDevice {
 /// What the sound server has at one moment. A value; any thread.
 struct PulseState {
     bool connected = false;
-    int connection = 0;  ///< counts them
+    int connection = 0;   ///< counts them
     QString server = {};  ///< "PulseAudio 16.1"
     std::vector<PulseDevice> devices = {};
     QByteArray defaultSink = {};  ///< empty where there is none
-    quint64 carriedOut = 0;  ///< the newest of our changes that the server has dealt with
+    quint64 carriedOut = 0;       ///< the newest of our changes that the server has dealt with
 
     friend bool operator==(const PulseState &, const PulseState &) = default;
 };

@@ -8,8 +8,8 @@ namespace pimloft {
 
 namespace {
 
-/// The server's steps are finer than what anybody can hear or set. Rounded to this part, a percentage does not
-/// fall below the whole number that it was set to.
+/// The server's steps are finer than what anybody can hear or set. Rounded to this part, a percentage does
+/// not fall below the whole number that it was set to.
 constexpr double finest = 1e-4;
 
 }  // namespace
@@ -18,7 +18,10 @@ std::optional<float> scalar(const pa_cvolume &volume) {
     if (!pa_cvolume_valid(&volume))
         return std::nullopt;
     const double exact = double(pa_cvolume_max(&volume)) / PA_VOLUME_NORM;
-    return float(std::min(std::round(exact / finest) * finest, 1.0));
+    const auto rounded = float(std::min(std::round(exact / finest) * finest, 1.0));
+    // The nearest number to 53 hundredths times a hundred is a little less than 53.
+    const float above = std::nextafter(rounded, 1.0F);
+    return std::floor(above * 100) > std::floor(rounded * 100) ? above : rounded;
 }
 
 pa_volume_t step(float scalar) {

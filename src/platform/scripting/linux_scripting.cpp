@@ -12,7 +12,8 @@ LinuxScripting::LinuxScripting(std::vector<std::unique_ptr<ScriptHandler>> handl
 void LinuxScripting::run(const QString &text, QObject *context, Done done) {
     const auto answer = [context = QPointer(context), done = std::move(done)](const ScriptResult &result) {
         if (context)
-            QMetaObject::invokeMethod(context, [done, result] { done(result); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                context, [done, result] { done(result); }, Qt::QueuedConnection);
     };
     for (const auto &handler : handlers_)
         if (handler->handle(text, answer))

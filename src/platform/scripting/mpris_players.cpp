@@ -28,8 +28,8 @@ QString withoutInstance(const QString &service) {
 }
 
 QDBusMessage questionToBus(const QString &method, const QVariantList &arguments = {}) {
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        busService, QStringLiteral("/org/freedesktop/DBus"), busService, method);
+    QDBusMessage message = QDBusMessage::createMethodCall(busService, QStringLiteral("/org/freedesktop/DBus"),
+                                                          busService, method);
     message.setArguments(arguments);
     return message;
 }
@@ -60,7 +60,8 @@ void MprisPlayers::setVolume(const QString &bundleId, double volume, Done done) 
     if (!bus_.isConnected())
         return done(QStringLiteral("There is no session bus."));
     look();
-    waiting_.push_back([this, bundleId, volume, done = std::move(done)] { setVolumeNow(bundleId, volume, done); });
+    waiting_.push_back(
+        [this, bundleId, volume, done = std::move(done)] { setVolumeNow(bundleId, volume, done); });
     runWaiting();
 }
 
@@ -91,9 +92,7 @@ void MprisPlayers::add(const QString &service) {
         return;
     players_[service].player.busName = name;
     learn(service, questionToBus(QStringLiteral("GetConnectionUnixProcessID"), {service}),
-          [](MprisPlayer &player, const QVariant &answer) {
-              player.processId = ProcessId(answer.toUInt());
-          });
+          [](MprisPlayer &player, const QVariant &answer) { player.processId = ProcessId(answer.toUInt()); });
     learn(service,
           messageToPlayer(service, QStringLiteral("Get"),
                           {QStringLiteral("org.mpris.MediaPlayer2"), QStringLiteral("DesktopEntry")}),
@@ -136,7 +135,8 @@ void MprisPlayers::setVolumeNow(const QString &bundleId, double volume, const Do
         if (identify_(each.player) != bundleId)
             continue;
         ++tally->open;
-        call(messageToPlayer(service, QStringLiteral("Set"), {playerInterface, QStringLiteral("Volume"), value}),
+        call(messageToPlayer(service, QStringLiteral("Set"),
+                             {playerInterface, QStringLiteral("Volume"), value}),
              [tally, done](const QDBusMessage &answer) {
                  const bool taken = answer.type() == QDBusMessage::ReplyMessage;
                  tally->isDone = tally->isDone || taken;

@@ -9,7 +9,8 @@ namespace pimloft {
 
 // The scripts that set the volume of music players. Pure; any thread.
 
-/// The player that has this identifier, as scripts call it: "Spotify", "Music". Nothing for any other program.
+/// The player that has this identifier, as scripts call it: "Spotify", "Music". Nothing for any other
+/// program.
 std::optional<QString> scriptedPlayer(const QString &bundleId);
 
 /// The text that sets a player's own volume, in percent.

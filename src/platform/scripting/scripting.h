@@ -23,9 +23,9 @@ public:
 
     using Done = std::function<void(ScriptResult)>;
 
-    /// `done` is called exactly once, queued, but never after `context` is gone; the script itself runs to its
-    /// end. Scripts for one program run in the order in which they were given. A text that this desktop cannot
-    /// make sense of is an error.
+    /// `done` is called exactly once, queued, but never after `context` is gone; the script itself runs to
+    /// its end. Scripts for one program run in the order in which they were given. A text that this desktop
+    /// cannot make sense of is an error.
     virtual void run(const QString &text, QObject *context, Done done) = 0;
 };
 

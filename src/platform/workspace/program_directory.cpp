@@ -46,7 +46,8 @@ ProgramDirectory::Program ProgramDirectory::recognise(ProcessId process, const X
 std::optional<QString> ProgramDirectory::identifyPlayer(const MprisPlayer &player) {
     const ProcessInfo info = processInfo(player.processId);
     // A name on the bus is chosen by the program itself, as the class of its windows is.
-    const ProgramTraits traits{.windowClass = player.desktopEntry.isEmpty() ? player.busName : player.desktopEntry,
+    const ProgramTraits traits{.windowClass =
+                                   player.desktopEntry.isEmpty() ? player.busName : player.desktopEntry,
                                .windowInstance = player.busName,
                                .gtkApplicationId = player.desktopEntry,
                                .executable = info.executable,

@@ -6,8 +6,8 @@
 
 namespace pimloft {
 
-/// The icon of a program or a file in a page, as large as fits: a decoration, whose meaning stands in the text
-/// beside it. A null icon draws nothing. Main thread.
+/// The icon of a program or a file in a page, as large as fits: a decoration, whose meaning stands in the
+/// text beside it. A null icon draws nothing. Main thread.
 class IconItem : public QQuickPaintedItem {
     Q_OBJECT
     QML_ELEMENT

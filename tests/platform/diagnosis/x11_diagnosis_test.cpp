@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/diagnosis/x11_diagnosis.h"
 
+#include "platform/audio/pulse_audio.h"
 #include "support/desktop_session.h"
+#include "support/sound_server.h"
 
 #include <QDBusConnection>
 
@@ -25,22 +27,24 @@ std::string line(const std::vector<Finding> &findings, const char *subject) {
 class X11DiagnosisTest : public testing::Test {
 protected:
     std::string finding(const char *subject, const char *sessionType = "x11") {
-        X11Diagnosis diagnosis(session_, QLatin1String(sessionType), QDBusConnection::sessionBus());
+        X11Diagnosis diagnosis(session_, QLatin1String(sessionType), QDBusConnection::sessionBus(), audio_);
         return line(diagnosis.findings(), subject);
     }
     bool becomes(const char *subject, const std::string &text) {
         return waitUntil([&] { return finding(subject) == text; });
     }
     X11Session session_;
+    test::SoundServer soundServer_{test::SoundServer::Kind::pulseAudio};  // not started
+    PulseAudio audio_;
 };
 
 TEST_F(X11DiagnosisTest, listsEveryFindingOnce) {
-    X11Diagnosis diagnosis(session_, QStringLiteral("x11"), QDBusConnection::sessionBus());
+    X11Diagnosis diagnosis(session_, QStringLiteral("x11"), QDBusConnection::sessionBus(), audio_);
     QStringList subjects;
     for (const Finding &finding : diagnosis.findings())
         subjects.append(finding.subject);
     EXPECT_EQ(subjects.join(QStringLiteral(", ")),
-              QStringLiteral("Session, Mouse events, Key events, Window manager, Compositor, Tray"));
+              QStringLiteral("Session, Mouse events, Key events, Window manager, Compositor, Tray, Sound"));
 }
 
 TEST_F(X11DiagnosisTest, findsWhatAPlainServerOffers) {
@@ -90,6 +94,14 @@ TEST_F(X11DiagnosisTest, noticesAStatusNotifierTray) {
     QDBusConnection::disconnectFromBus(QStringLiteral("tray"));
 }
 
+TEST_F(X11DiagnosisTest, tellsTheSoundServerAndWhatItPlaysTo) {
+    EXPECT_EQ(finding("Sound"), "- No sound server answers: the volume mixer stays empty.");
+    soundServer_.start();
+    EXPECT_TRUE(becomes("Sound", "- PulseAudio 16.1, without an output device"));
+    soundServer_.addSink(QStringLiteral("speakers"), QStringLiteral("Speakers"));
+    EXPECT_TRUE(becomes("Sound", "+ PulseAudio 16.1, playing to Speakers"));
+}
+
 TEST_F(X11DiagnosisTest, saysWhatAServerWithoutExtensionsRefuses) {
     const QByteArray display = qgetenv("DISPLAY");
     {
@@ -98,7 +110,8 @@ TEST_F(X11DiagnosisTest, saysWhatAServerWithoutExtensionsRefuses) {
              .screen = QStringLiteral("640x480x24"),
              .serverArguments = {QStringLiteral("-extension"), QStringLiteral("XTEST")}});
         X11Session session;
-        X11Diagnosis diagnosis(session, QStringLiteral("x11"), QDBusConnection(QStringLiteral("no bus")));
+        X11Diagnosis diagnosis(session, QStringLiteral("x11"), QDBusConnection(QStringLiteral("no bus")),
+                               audio_);
         EXPECT_EQ(line(diagnosis.findings(), "Key events"),
                   "- The X server does not offer XTEST: shortcuts and key mappings do nothing.");
         EXPECT_EQ(line(diagnosis.findings(), "Mouse events"), "+ XInput 2.4");
@@ -111,7 +124,7 @@ TEST_F(X11DiagnosisTest, saysThatThereIsNoServer) {
     qputenv("DISPLAY", ":nowhere");
     X11Session session;
     qputenv("DISPLAY", display);
-    X11Diagnosis diagnosis(session, QStringLiteral("x11"), QDBusConnection(QStringLiteral("no bus")));
+    X11Diagnosis diagnosis(session, QStringLiteral("x11"), QDBusConnection(QStringLiteral("no bus")), audio_);
     const std::vector<Finding> findings = diagnosis.findings();
     ASSERT_EQ(findings.size(), 1u);
     EXPECT_EQ(line(findings, "Session"), "- There is no X server that Pimloft could talk to.");
