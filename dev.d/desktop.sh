@@ -229,6 +229,7 @@ desktop_start() {
     DBUS_SESSION_BUS_ADDRESS=$(first_answer)
     export DBUS_SESSION_BUS_ADDRESS
 
+    start_sound
     desktop_look "$3"
     spawn xsettingsd -c "$desktop_home/xsettingsd.conf"
     settings_pid=$spawned
@@ -238,6 +239,18 @@ desktop_start() {
     desktop_compositor on
     spawn tint2 -c "$desktop_home/tint2rc"
     panel_pid=$spawned
+}
+
+# Two outputs that play to nowhere.
+start_sound() {
+    export PULSE_SERVER=unix:$XDG_RUNTIME_DIR/pulse/native
+    spawn pulseaudio -n --daemonize=no --exit-idle-time=-1 --use-pid-file=no --disable-shm=yes --log-target=stderr \
+        -L module-native-protocol-unix \
+        -L 'module-null-sink sink_name=speakers sink_properties=device.description=Speakers' \
+        -L 'module-null-sink sink_name=headphones sink_properties=device.description=Headphones'
+    until_true 20 pactl info
+    pactl set-default-sink speakers
+    pactl set-sink-volume speakers 65%
 }
 
 # Programs that a visitor finds in it. Sizes are in points.

@@ -20,7 +20,7 @@ AppState::Modules makeModules() {
             .clipboardPlus = ClipboardModule::create(),
             .finderFix = std::make_unique<FinderFixModule>(settings),
             .keyMapper = KeyMapperModule::create(),
-            .quickVolume = std::make_unique<QuickVolumeModule>(settings)};
+            .quickVolume = QuickVolumeModule::create()};
 }
 
 }  // namespace

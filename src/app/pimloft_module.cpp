@@ -22,4 +22,9 @@ void PimloftModule::setEnabled(bool enabled) {
     emit isEnabledChanged();
 }
 
+QVariant PimloftModule::panelViewForPages() {
+    const auto page = panelView();
+    return page ? QVariant::fromValue(*page) : QVariant();
+}
+
 }  // namespace pimloft

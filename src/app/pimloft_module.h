@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QVariant>
 
 #include <optional>
 
@@ -21,6 +22,7 @@ class PimloftModule : public QObject {
     Q_PROPERTY(QString description READ description CONSTANT)
     Q_PROPERTY(bool isEnabled READ isEnabled WRITE setEnabled NOTIFY isEnabledChanged)
     Q_PROPERTY(bool requiresAccessibility READ requiresAccessibility CONSTANT)
+    Q_PROPERTY(QVariant panelView READ panelViewForPages CONSTANT)
 
 public:
     /// Stable lower-case identifier, also the middle part of the enabled key.
@@ -43,6 +45,8 @@ public:
     virtual void deactivate() = 0;
     /// Its page in the settings window; nothing while it has none.
     virtual std::optional<Page> settingsView() = 0;
+    /// What its row in the tray panel can unfold; nothing for most.
+    virtual std::optional<Page> panelView() { return std::nullopt; }
 
 signals:
     void isEnabledChanged();
@@ -58,6 +62,8 @@ protected:
     PimloftModule(Constants constants, SettingsManager &settings);
 
 private:
+    QVariant panelViewForPages();
+
     const Constants constants_;
     SettingsManager &settings_;
     bool isEnabled_;

@@ -47,7 +47,7 @@ Item {
         }
         SymbolButton {
             symbol: "minus.circle"
-            destructive: true
+            tint: Theme.colors.danger
             text: qsTr("Remove the mapping of key %1").arg(row.fromKeyCode)
             onClicked: row.removed(row.mappingId)
             onActiveFocusChanged: if (activeFocus) row.ListView.view.positionViewAtIndex(row.index, ListView.Contain)

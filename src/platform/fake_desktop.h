@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/appearance/fake_appearance.h"
+#include "platform/audio/fake_audio.h"
 #include "platform/diagnosis/fake_diagnosis.h"
 #include "platform/dialogs/fake_dialogs.h"
 #include "platform/displays/fake_displays.h"
@@ -12,6 +13,7 @@
 #include "platform/pasteboard/fake_pasteboard.h"
 #include "platform/platform.h"
 #include "platform/preferences/fake_preferences.h"
+#include "platform/scripting/fake_scripting.h"
 #include "platform/windows/fake_windows.h"
 #include "platform/workspace/fake_workspace.h"
 
@@ -23,6 +25,7 @@ class FakeDesktop {
 
 public:
     FakeAppearance appearance;
+    FakeAudio audio{log_};
     FakeDiagnosis diagnosis;
     FakeDialogs dialogs{log_};
     FakeDisplays displays;
@@ -34,11 +37,13 @@ public:
     FakePanels panels{log_};
     FakePasteboard pasteboard{log_};
     FakePreferences preferences{log_};
+    FakeScripting scripting{log_};
     FakeWindows windows{log_};
     FakeWorkspace workspace{log_};
 
     Platform platform() {
         return {.appearance = appearance,
+                .audio = audio,
                 .diagnosis = diagnosis,
                 .dialogs = dialogs,
                 .displays = displays,
@@ -50,6 +55,7 @@ public:
                 .panels = panels,
                 .pasteboard = pasteboard,
                 .preferences = preferences,
+                .scripting = scripting,
                 .windows = windows,
                 .workspace = workspace};
     }

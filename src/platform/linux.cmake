@@ -4,6 +4,7 @@ find_package(Threads REQUIRED)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET
     xcb xcb-randr xcb-res xcb-shape xcb-xfixes xcb-xinput xcb-xkb xcb-xtest xkbcommon xkbcommon-x11)
 pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-unix-2.0)
+pkg_check_modules(PULSE REQUIRED IMPORTED_TARGET libpulse)
 
 # What the key tap shares with its guard: the C++ and X libraries only.
 add_library(pimloft_x11_keys STATIC
@@ -37,6 +38,11 @@ pimloft_library(pimloft_platform_linux
         x11/x11_window_info.cpp x11/x11_window_info.h
         appearance/linux_appearance.cpp appearance/linux_appearance.h
         appearance/xsettings.cpp appearance/xsettings.h
+        audio/pulse_audio.cpp audio/pulse_audio.h
+        audio/pulse_loop.cpp audio/pulse_loop.h
+        audio/pulse_server.cpp audio/pulse_server.h
+        audio/pulse_state.cpp audio/pulse_state.h
+        audio/pulse_volume.cpp audio/pulse_volume.h
         diagnosis/x11_diagnosis.cpp diagnosis/x11_diagnosis.h
         dialogs/qt_dialogs.cpp dialogs/qt_dialogs.h
         displays/monitor_list.cpp displays/monitor_list.h
@@ -67,6 +73,10 @@ pimloft_library(pimloft_platform_linux
         pasteboard/x11_pasteboard.cpp pasteboard/x11_pasteboard.h
         preferences/json_preferences.cpp preferences/json_preferences.h
         preferences/preferences_document.cpp preferences/preferences_document.h
+        scripting/linux_scripting.cpp scripting/linux_scripting.h
+        scripting/mpris_player.h
+        scripting/mpris_players.cpp scripting/mpris_players.h
+        scripting/player_scripts.cpp scripting/player_scripts.h
         windows/x11_placement.cpp windows/x11_placement.h
         windows/x11_windows.cpp windows/x11_windows.h
         workspace/default_programs.cpp workspace/default_programs.h
@@ -80,5 +90,5 @@ pimloft_library(pimloft_platform_linux
         workspace/window_icon.cpp workspace/window_icon.h
         workspace/x11_clients.cpp workspace/x11_clients.h
         workspace/x11_workspace.cpp workspace/x11_workspace.h
-    LINK pimloft_platform pimloft_x11_keys PkgConfig::XCB PkgConfig::GIO Threads::Threads
+    LINK pimloft_platform pimloft_x11_keys PkgConfig::XCB PkgConfig::GIO PkgConfig::PULSE Threads::Threads
         Qt6::Widgets Qt6::DBus Qt6::Network)

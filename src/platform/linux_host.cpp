@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "base/dirs.h"
 #include "platform/appearance/linux_appearance.h"
+#include "platform/audio/pulse_audio.h"
 #include "platform/diagnosis/x11_diagnosis.h"
 #include "platform/dialogs/qt_dialogs.h"
 #include "platform/displays/x11_displays.h"
@@ -13,6 +14,8 @@
 #include "platform/pasteboard/x11_pasteboard.h"
 #include "platform/platform.h"
 #include "platform/preferences/json_preferences.h"
+#include "platform/scripting/linux_scripting.h"
+#include "platform/scripting/player_scripts.h"
 #include "platform/windows/x11_windows.h"
 #include "platform/workspace/x11_workspace.h"
 #include "platform/x11/x11_active_window.h"
@@ -42,20 +45,23 @@ public:
     explicit LinuxHost(const Dirs &dirs)
         : preferences_(dirs.preferences), loginItem_(dirs.autostart, QCoreApplication::applicationFilePath()),
           displays_(session_, scaleOfLogin()), appearance_(session_, bus_), keyTap_(keyboard_, dirs.keyGuard),
-          diagnosis_(session_, keyTap_, sessionType_, bus_), windows_(session_, displays_, sessionType_),
-          mouse_(input_, displays_), hotkeys_(session_, keyboard_, input_),
-          workspace_(session_, activeWindow_, dirs.help, bus_), panels_({.displays = displays_,
-                                                                         .keyboard = keyboard_,
-                                                                         .hotkeys = hotkeys_,
-                                                                         .input = input_,
-                                                                         .activeWindow = activeWindow_,
-                                                                         .compositor = compositor_}),
+          diagnosis_(session_, keyTap_, audio_, sessionType_, bus_),
+          windows_(session_, displays_, sessionType_), mouse_(input_, displays_),
+          hotkeys_(session_, keyboard_, input_), workspace_(session_, activeWindow_, dirs.help, bus_),
+          panels_({.displays = displays_,
+                   .keyboard = keyboard_,
+                   .hotkeys = hotkeys_,
+                   .input = input_,
+                   .activeWindow = activeWindow_,
+                   .compositor = compositor_}),
           keys_(
               keyboard_, [this] { panels_.endTyping(); }, [this] { return chordInFront(); }),
-          pasteboard_([this](ProcessId process) { return workspace_.bundleId(process); }) {}
+          pasteboard_([this](ProcessId process) { return workspace_.bundleId(process); }),
+          scripting_(scriptHandlers()) {}
 
     Platform platform() override {
         return {.appearance = appearance_,
+                .audio = audio_,
                 .diagnosis = diagnosis_,
                 .dialogs = dialogs_,
                 .displays = displays_,
@@ -67,6 +73,7 @@ public:
                 .panels = panels_,
                 .pasteboard = pasteboard_,
                 .preferences = preferences_,
+                .scripting = scripting_,
                 .windows = windows_,
                 .workspace = workspace_};
     }
@@ -78,6 +85,13 @@ private:
         if (chord == ShortcutChord::shiftInsert)
             pasteboard_.offerAsPrimary();
         return chord;
+    }
+
+    std::vector<std::unique_ptr<ScriptHandler>> scriptHandlers() {
+        std::vector<std::unique_ptr<ScriptHandler>> handlers;
+        handlers.push_back(std::make_unique<PlayerScripts>(
+            bus_, [this](const MprisPlayer &player) { return workspace_.identifyPlayer(player); }));
+        return handlers;
     }
 
     const QString sessionType_ = qEnvironmentVariable("XDG_SESSION_TYPE");
@@ -94,6 +108,7 @@ private:
     X11Displays displays_;
     LinuxAppearance appearance_;
     X11KeyTap keyTap_;
+    PulseAudio audio_;
     X11Diagnosis diagnosis_;
     X11Windows windows_;
     X11MouseWatch mouse_;
@@ -102,6 +117,7 @@ private:
     X11Panels panels_;
     X11KeyPoster keys_;
     X11Pasteboard pasteboard_;
+    LinuxScripting scripting_;
 };
 
 }  // namespace

@@ -10,6 +10,7 @@ namespace pimloft {
 
 struct Dirs;
 class AppearanceService;
+class AudioService;
 class DiagnosisService;
 class DialogService;
 class DisplayService;
@@ -21,12 +22,14 @@ class MouseWatch;
 class PanelService;
 class PasteboardService;
 class PreferencesService;
+class ScriptingService;
 class WindowService;
 class WorkspaceService;
 
 /// Everything that the program asks of an operating system: one reference per service. Main thread.
 struct Platform {
     AppearanceService &appearance;
+    AudioService &audio;
     DiagnosisService &diagnosis;
     DialogService &dialogs;
     DisplayService &displays;
@@ -38,6 +41,7 @@ struct Platform {
     PanelService &panels;
     PasteboardService &pasteboard;
     PreferencesService &preferences;
+    ScriptingService &scripting;
     WindowService &windows;
     WorkspaceService &workspace;
 };

@@ -2,19 +2,30 @@
 #pragma once
 
 #include "app/pimloft_module.h"
+#include "quickvolume/volume_mixer.h"
 
 namespace pimloft {
 
-/// The volume mixer as a feature that can be switched. Main thread.
+class AudioEngine;
+
+/// Volume control as the rest of the program sees it. Main thread.
 class QuickVolumeModule final : public PimloftModule {
     Q_OBJECT
 
 public:
-    explicit QuickVolumeModule(SettingsManager &settings);
+    /// On the shared instances.
+    static std::unique_ptr<QuickVolumeModule> create();
+    QuickVolumeModule(SettingsManager &settings, AudioEngine &engine);
 
     void activate() override;
     void deactivate() override;
     std::optional<Page> settingsView() override;
+    /// The mixer.
+    std::optional<Page> panelView() override;
+
+private:
+    AudioEngine &engine_;
+    VolumeMixer mixer_;
 };
 
 }  // namespace pimloft

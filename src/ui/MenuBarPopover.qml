@@ -9,9 +9,17 @@ PopoverFrame {
 
     required property PopoverController controller
     readonly property AppState appState: controller.appState
+    property bool showVolumeMixer: false
 
     floating: controller.blends
     onTouchedOutside: controller.close()
+
+    Connections {
+        target: popover.controller
+        function onClosed() {
+            popover.showVolumeMixer = false;
+        }
+    }
 
     Header {
         Layout.fillWidth: true
@@ -54,7 +62,15 @@ PopoverFrame {
             icon.name: popover.appState.quickVolume.icon
             text: popover.appState.quickVolume.name
             checked: popover.appState.quickVolume.isEnabled
+            showDisclosure: true
+            unfolded: popover.showVolumeMixer
             onSwitched: on => popover.appState.quickVolume.isEnabled = on
+            onDisclosed: popover.showVolumeMixer = !popover.showVolumeMixer
+        }
+        Disclosure {
+            Layout.fillWidth: true
+            page: popover.appState.quickVolume.panelView
+            unfolded: popover.showVolumeMixer
         }
     }
 

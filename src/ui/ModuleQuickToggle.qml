@@ -10,7 +10,11 @@ T.Switch {
     id: row
 
     property string badge
+    /// Whether it can unfold something under itself, and whether that is unfolded.
+    property bool showDisclosure: false
+    property bool unfolded: false
     signal switched(bool on)
+    signal disclosed
 
     function flip() {
         toggle();
@@ -48,6 +52,21 @@ T.Switch {
         Badge {
             text: row.badge
             visible: row.badge.length > 0
+        }
+        SymbolButton {
+            visible: row.showDisclosure
+            symbol: "chevron.down"
+            size: Theme.symbolSize * 0.7
+            text: row.unfolded ? qsTr("Hide %1").arg(row.text) : qsTr("Show %1").arg(row.text)
+            rotation: row.unfolded ? 180 : 0
+            onClicked: row.disclosed()
+
+            Behavior on rotation {
+                NumberAnimation {
+                    duration: Theme.calm
+                    easing.type: Easing.OutCubic
+                }
+            }
         }
         // The switch stands on the end of this place.
         Item {

@@ -73,6 +73,7 @@ void PopoverController::close() {
         return;
     panel_->orderOut();
     engineUse_.reset();
+    emit closed();
 }
 
 void PopoverController::openSettings() {

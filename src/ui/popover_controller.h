@@ -46,6 +46,8 @@ public:
 
 signals:
     void blendsChanged();
+    /// It is off the screen.
+    void closed();
     /// It went because the user pressed a mouse button elsewhere.
     void dismissedByClick();
     void settingsRequested();

@@ -44,6 +44,8 @@ QString roleName(QAccessible::Role role) {
         return QStringLiteral("tab");
     case QAccessible::PageTabList:
         return QStringLiteral("tabs");
+    case QAccessible::RadioButton:
+        return QStringLiteral("radio button");
     case QAccessible::Slider:
         return QStringLiteral("slider");
     case QAccessible::SpinBox:

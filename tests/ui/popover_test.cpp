@@ -58,6 +58,7 @@ TEST_F(Popover, saysThis) {
                         "switch: FinderFix, enabled [on]\n"
                         "switch: KeyMapper, enabled [on]\n"
                         "switch: QuickVolume, enabled [on]\n"
+                        "button: Show QuickVolume\n"
                         "button: Quit");
 }
 
@@ -72,12 +73,13 @@ TEST_F(Popover, aRowSwitchesItsModuleAtOnceAndForGood) {
 TEST_F(Popover, tabGoesFromTheTopToTheBottom) {
     open();
     QStringList order;
-    for (int press = 0; press < 7; ++press) {
+    for (int press = 0; press < 8; ++press) {
         test::type(window(), Qt::Key_Tab);
         order << window()->activeFocusItem()->property("text").toString();
     }
     EXPECT_EQ(order.join(QStringLiteral(", ")).toStdString(),
-              "Open Settings, WindowSnap, ClipboardPlus, FinderFix, KeyMapper, QuickVolume, Quit");
+              "Open Settings, WindowSnap, ClipboardPlus, FinderFix, KeyMapper, QuickVolume, Show "
+              "QuickVolume, Quit");
 }
 
 TEST_F(Popover, aRowsLabelFollowsItsModule) {

@@ -8,11 +8,14 @@
 #include "finderfix/finder_fix_module.h"
 #include "keymapper/key_mapping_document.h"
 #include "keymapper/keyboard_session.h"
+#include "quickvolume/audio_engine.h"
+#include "quickvolume/quick_volume_module.h"
 #include "ui/general_settings.h"
 #include "ui/popover_controller.h"
 #include "ui/settings_window.h"
 
 #include <QGuiApplication>
+#include <QPainter>
 #include <QScreen>
 #include <QTest>
 
@@ -23,6 +26,18 @@ namespace {
 
 using Screens = test::Pictures;
 using test::colours;
+
+/// Stands for the icon of a program.
+QIcon roundIcon(const QColor &color) {
+    QPixmap pixmap(64, 64);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    painter.drawEllipse(2, 2, 60, 60);
+    return QIcon(pixmap);
+}
 
 TEST_P(Screens, settings) {
     GeneralSettings general(session.settings(), session.accessibility(), session.desktop.workspace);
@@ -94,6 +109,53 @@ TEST_P(Screens, gallery) {
                                     .page = {QUrl(QStringLiteral("qrc:/tests/Gallery.qml")), {}}});
     window->present();
     EXPECT_GE(colours(picture(test::shownWindow(), QStringLiteral("gallery"))), 50);
+}
+
+/// Two outputs and three applications, one of them muted.
+void makeSound(FakeDesktop &desktop) {
+    desktop.audio.add({.name = QStringLiteral("Built-in Audio Analog Stereo"), .volume = 0.72F});
+    desktop.audio.add({.name = QStringLiteral("USB Headphones"), .volume = 0.4F});
+    const struct {
+        const char *name;
+        const char *bundleId;
+        QColor color;
+    } players[] = {{"Spotify", "com.spotify.client", QColor(0x1d, 0xb9, 0x54)},
+                   {"Firefox", "org.mozilla.firefox", QColor(0xff, 0x71, 0x39)},
+                   {"mpv Media Player", "io.mpv", QColor()}};
+    for (const auto &player : players) {
+        const int process = 100 + int(desktop.workspace.running.size());
+        desktop.workspace.running.push_back({.name = QLatin1String(player.name),
+                                             .bundleId = QString::fromLatin1(player.bundleId),
+                                             .processId = ProcessId(process)});
+        if (player.color.isValid())
+            desktop.workspace.icons[process] = roundIcon(player.color);
+    }
+}
+
+TEST_P(Screens, mixer) {
+    makeSound(session.desktop);
+    session.appState().quickVolume()->activate();
+    QCoreApplication::processEvents();
+    AudioEngine::shared().setVolume(AudioEngine::shared().audioApps().at(0), 0.64F);
+    AudioEngine::shared().toggleMute(AudioEngine::shared().audioApps().at(1));
+    const QSizeF screen = QGuiApplication::primaryScreen()->size();
+    test::PlainPanels panels(screen.height());
+    panels.blending = GetParam().trusted;
+    PopoverController popover(session.appState(), session.accessibility(), session.views().engine(), panels,
+                              session.desktop.displays);
+    popover.open(QRectF(screen.width() - 100, screen.height() - 24, 22, 22));
+    QQuickWindow *window = test::shownWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(window));
+    test::type(window, Qt::Key_Backtab);
+    test::type(window, Qt::Key_Backtab);
+    test::type(window, Qt::Key_Space);
+    EXPECT_GE(colours(picture(window, QStringLiteral("mixer"))), 50);
+    SettingsWindow settings(session.views(), *session.appState().quickVolume()->settingsView(), {});
+    popover.close();
+    settings.open();
+    window = test::shownWindow();
+    window->resize(window->width(), 860);
+    EXPECT_GE(colours(picture(window, QStringLiteral("quickvolume"))), 50);
 }
 
 TEST_P(Screens, popover) {

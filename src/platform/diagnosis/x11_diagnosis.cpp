@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/diagnosis/x11_diagnosis.h"
 
+#include "platform/audio/pulse_audio.h"
 #include "platform/x11/x11_obstacle.h"
 
 #include <QCoreApplication>
@@ -53,16 +54,17 @@ bool hasOwner(const QDBusConnection &bus, const QString &name) {
 
 }  // namespace
 
-X11Diagnosis::X11Diagnosis(X11Session &session, const X11KeyTap &keyTap, QString sessionType,
-                           QDBusConnection bus)
-    : session_(session), keyTap_(keyTap), sessionType_(std::move(sessionType)), bus_(std::move(bus)) {
+X11Diagnosis::X11Diagnosis(X11Session &session, const X11KeyTap &keyTap, PulseAudio &audio,
+                           QString sessionType, QDBusConnection bus)
+    : session_(session), keyTap_(keyTap), audio_(audio), sessionType_(std::move(sessionType)),
+      bus_(std::move(bus)) {
 }
 
 std::vector<Finding> X11Diagnosis::findings() {
     if (findObstacle(session_, sessionType_) == X11Obstacle::noServer)
         return {{tr("Session"), false, tr("There is no X server that Pimloft could talk to.")}};
     return {desktopSession(), mouseEvents(), keyEvents(), keyMappings(),
-            windowManager(),  compositor(),  tray()};
+            windowManager(),  compositor(),  tray(),      sound()};
 }
 
 Finding X11Diagnosis::desktopSession() const {
@@ -151,6 +153,16 @@ Finding X11Diagnosis::tray() {
     if (selectionOwner(session_, "_NET_SYSTEM_TRAY_S0") != XCB_NONE)
         return {subject, true, tr("System tray")};
     return {subject, false, tr("None is running. To open Pimloft's panel, start Pimloft once more.")};
+}
+
+Finding X11Diagnosis::sound() {
+    const QString subject = tr("Sound");
+    const PulseAudio::Summary summary = audio_.summary();
+    if (summary.server.isEmpty())
+        return {subject, false, tr("No sound server answers: the volume mixer stays empty.")};
+    if (summary.output.isEmpty())
+        return {subject, false, tr("%1, without an output device").arg(summary.server)};
+    return {subject, true, tr("%1, playing to %2").arg(summary.server, summary.output)};
 }
 
 }  // namespace pimloft

@@ -4,6 +4,8 @@
 #include "platform/fake_log.h"
 #include "platform/workspace/workspace.h"
 
+#include <QHash>
+
 namespace pimloft {
 
 /// Running applications that a test starts and brings to the front.
@@ -13,7 +15,7 @@ public:
 
     std::optional<Application> frontmostApplication() override { return frontmost; }
     std::vector<Application> runningApplications() override { return running; }
-    QIcon icon(const Application &) override { return {}; }
+    QIcon icon(const Application &application) override { return icons.value(qint32(application.processId)); }
     QIcon fileIcon(const QString &) override { return files; }
     bool open(const QUrl &url) override {
         log_.line(QStringLiteral("open %1").arg(url.toString()));
@@ -29,7 +31,8 @@ public:
 
     std::optional<Application> frontmost;
     std::vector<Application> running;
-    QIcon files;  ///< the icon of every file
+    QIcon files;                 ///< the icon of every file
+    QHash<qint32, QIcon> icons;  ///< by process
 
 private:
     FakeLog &log_;

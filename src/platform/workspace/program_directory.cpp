@@ -43,6 +43,18 @@ ProgramDirectory::Program ProgramDirectory::recognise(ProcessId process, const X
             .start = processStart(process).value_or(0)};
 }
 
+std::optional<QString> ProgramDirectory::identifyPlayer(const MprisPlayer &player) {
+    const ProcessInfo info = processInfo(player.processId);
+    // A name on the bus is chosen by the program itself, as the class of its windows is.
+    const ProgramTraits traits{.windowClass =
+                                   player.desktopEntry.isEmpty() ? player.busName : player.desktopEntry,
+                               .windowInstance = player.busName,
+                               .gtkApplicationId = player.desktopEntry,
+                               .executable = info.executable,
+                               .launchedEntry = info.launchedEntry};
+    return identify(traits, entries_.match(traits)).bundleId;
+}
+
 const ProgramDirectory::Program *ProgramDirectory::known(ProcessId process) const {
     const auto found = known_.find(qint32(process));
     return found == known_.end() ? nullptr : &found->program;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/scripting/mpris_player.h"
 #include "platform/workspace/desktop_entries.h"
 #include "platform/workspace/identity_table.h"
 #include "platform/workspace/workspace.h"
@@ -29,6 +30,9 @@ public:
 
     /// What it was recognised as last; nothing when it never was.
     const Program *known(ProcessId process) const;
+
+    /// Which application a media player is. Its own word counts more than its process.
+    std::optional<QString> identifyPlayer(const MprisPlayer &player);
 
     /// Forgets processes that are not among these.
     void keepOnly(const std::vector<X11Client> &clients);

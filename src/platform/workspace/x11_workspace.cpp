@@ -18,7 +18,10 @@ X11Workspace::X11Workspace(X11Session &session, X11ActiveWindow &active, QString
     : session_(session), active_(active), help_(std::move(help)), bus_(std::move(bus)) {
     fileIcons_.setOptions(QFileIconProvider::DontUseCustomDirectoryIcons);
     QObject::connect(&active_, &X11ActiveWindow::changed, &events_, [this] { frontMayHaveChanged(); });
-    programs_.onChanged = [this] { frontMayHaveChanged(); };
+    programs_.onChanged = [this] {
+        icons_.clear();
+        frontMayHaveChanged();
+    };
 }
 
 X11Workspace::~X11Workspace() = default;
@@ -67,6 +70,7 @@ void X11Workspace::frontMayHaveChanged() {
 std::vector<Application> X11Workspace::runningApplications() {
     const std::vector<X11Client> clients = x11Clients(session_);
     programs_.keepOnly(clients);
+    icons_.removeIf([this](auto each) { return !programs_.known(ProcessId(each.key())); });
     std::vector<RunningProgram> running;
     for (const X11Client &client : clients) {
         const ProgramDirectory::Program &program = programs_.program(client.process, client.names);
@@ -81,6 +85,17 @@ std::vector<Application> X11Workspace::runningApplications() {
 }
 
 QIcon X11Workspace::icon(const Application &application) {
+    const ProgramDirectory::Program *program = programs_.known(application.processId);
+    const quint64 start = program ? program->start : 0;
+    const auto known = icons_.constFind(qint32(application.processId));
+    if (known != icons_.cend() && known->start == start && start != 0)
+        return known->icon;
+    const QIcon icon = lookUpIcon(application);
+    icons_[qint32(application.processId)] = {start, icon};
+    return icon;
+}
+
+QIcon X11Workspace::lookUpIcon(const Application &application) {
     const ProgramDirectory::Program *program = programs_.known(application.processId);
     if (program && !program->icon.isEmpty()) {
         const QIcon icon =

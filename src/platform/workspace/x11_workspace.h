@@ -30,12 +30,17 @@ public:
 
     /// The identifier of a running program; nothing where the desktop does not know it.
     std::optional<QString> bundleId(ProcessId process);
+    /// Which application a media player is.
+    std::optional<QString> identifyPlayer(const MprisPlayer &player) {
+        return programs_.identifyPlayer(player);
+    }
 
 private:
     struct Front {
         std::optional<Application> application;
         ShortcutChord chord = ShortcutChord::control;
     };
+    QIcon lookUpIcon(const Application &application);
     const Front &front();
     Front look(xcb_window_t window);
     void frontMayHaveChanged();
@@ -47,6 +52,12 @@ private:
     ProgramDirectory programs_;
     std::optional<Front> front_;  ///< nothing while it has to be looked up
     std::optional<Application> announced_;
+    /// The icons of running programs, as long as their entries are the same.
+    struct KnownIcon {
+        quint64 start;  ///< of the program
+        QIcon icon;
+    };
+    QHash<qint32, KnownIcon> icons_;
     QFileIconProvider fileIcons_;
     QObject events_;  ///< receives the notices
 };

@@ -10,6 +10,7 @@ Item {
     property string text
     property string symbol
     property color symbolColor
+    property alias textFont: label.font
     /// Whether the row tells a screen reader what its text says.
     property bool speaksForText: false
     default property alias trailing: trailing.data

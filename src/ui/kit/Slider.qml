@@ -7,8 +7,10 @@ import Pimloft.Kit
 T.Slider {
     id: slider
 
+    property bool small: false
+
     implicitWidth: Theme.unit * 40
-    implicitHeight: Theme.controlHeight
+    implicitHeight: small ? Theme.controlHeight * 0.75 : Theme.controlHeight
     snapMode: T.Slider.SnapAlways
     Accessible.role: Accessible.Slider
 
@@ -16,7 +18,7 @@ T.Slider {
         x: slider.leftPadding
         y: (slider.height - height) / 2
         width: slider.availableWidth
-        implicitHeight: 4
+        implicitHeight: slider.small ? 3 : 4
         height: implicitHeight
         radius: height / 2
         color: Theme.colors.track
@@ -36,8 +38,8 @@ T.Slider {
         id: knob
         x: slider.leftPadding + slider.visualPosition * (slider.availableWidth - width)
         y: (slider.height - height) / 2
-        implicitWidth: 20
-        implicitHeight: 20
+        implicitWidth: slider.small ? 14 : 20
+        implicitHeight: implicitWidth
         radius: height / 2
         color: slider.pressed ? Theme.colors.controlPressed : Theme.colors.knob
         border.width: 1

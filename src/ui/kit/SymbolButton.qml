@@ -8,12 +8,11 @@ T.Button {
     id: button
 
     property string symbol
-    /// Whether it takes something away.
-    property bool destructive: false
-    readonly property color quietColor: destructive ? Theme.colors.danger : Theme.colors.secondaryText
+    property color tint: Theme.colors.secondaryText
     property double size: Theme.symbolSize
     /// Whether it has no face under the pointer.
     property bool plain: false
+    readonly property bool isTinted: !Qt.colorEqual(tint, Theme.colors.secondaryText)
 
     implicitWidth: Math.round(size * 1.5)
     implicitHeight: implicitWidth
@@ -24,7 +23,7 @@ T.Button {
             anchors.centerIn: parent
             name: button.symbol
             size: button.size
-            color: !button.destructive && (button.hovered || button.down) ? Theme.colors.text : button.quietColor
+            color: !button.isTinted && (button.hovered || button.down) ? Theme.colors.text : button.tint
         }
     }
 

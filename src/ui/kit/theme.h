@@ -75,7 +75,7 @@ public:
     QColor successSoft;
     QColor warning;  ///< text and symbols on window, card and warningSoft
     QColor warningSoft;
-    QColor danger;     ///< symbols on card that stand for taking something away
+    QColor danger;     ///< symbols and text, on window and card, of what is silenced, lost or taken away
     QColor pinned;     ///< the mark of what is kept, on window
     QColor focusRing;  ///< around what has the keyboard
     QColor shade;      ///< over a window behind a sheet; lets it shine through
@@ -96,6 +96,7 @@ class Theme : public QObject {
     Q_PROPERTY(QFont headline READ headline CONSTANT)
     Q_PROPERTY(QFont body READ body CONSTANT)
     Q_PROPERTY(QFont callout READ callout CONSTANT)
+    Q_PROPERTY(QFont calloutBold READ calloutBold CONSTANT)
     Q_PROPERTY(QFont caption READ caption CONSTANT)
     Q_PROPERTY(QFont display READ display CONSTANT)
     Q_PROPERTY(QFont keys READ keys CONSTANT)
@@ -107,6 +108,7 @@ class Theme : public QObject {
     Q_PROPERTY(double cardRadius MEMBER cardRadius CONSTANT)
     Q_PROPERTY(double controlRadius MEMBER controlRadius CONSTANT)
     Q_PROPERTY(double pageWidth READ pageWidth CONSTANT)
+    Q_PROPERTY(double panelListHeight READ panelListHeight CONSTANT)
     Q_PROPERTY(int quick MEMBER quick CONSTANT)
     Q_PROPERTY(int calm MEMBER calm CONSTANT)
 
@@ -125,6 +127,7 @@ public:
     QFont headline() const { return font(1, QFont::DemiBold); }
     QFont body() const { return font(1, QFont::Normal); }
     QFont callout() const { return font(0.95, QFont::Normal); }
+    QFont calloutBold() const { return font(0.95, QFont::DemiBold); }
     QFont caption() const { return font(0.86, QFont::Normal); }
     /// For one number that a window is about: 48 points high, whatever the desktop's font.
     QFont display() const;
@@ -137,6 +140,8 @@ public:
     double symbolSize() const { return std::round(bodySize_ * 1.35); }
     /// The most that a page of settings spreads its rows.
     double pageWidth() const { return std::round(bodySize_ * 42); }
+    /// The most that a list in a panel grows to before it scrolls.
+    double panelListHeight() const { return std::round(bodySize_ * 30); }
 
 signals:
     void changed();

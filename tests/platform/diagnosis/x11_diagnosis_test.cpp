@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/diagnosis/x11_diagnosis.h"
 
+#include "platform/audio/pulse_audio.h"
 #include "support/desktop_session.h"
+#include "support/sound_server.h"
 
 #include <QDBusConnection>
 
@@ -25,7 +27,8 @@ std::string line(const std::vector<Finding> &findings, const char *subject) {
 class X11DiagnosisTest : public testing::Test {
 protected:
     std::string finding(const char *subject, const char *sessionType = "x11") {
-        X11Diagnosis diagnosis(session_, tap_, QLatin1String(sessionType), QDBusConnection::sessionBus());
+        X11Diagnosis diagnosis(session_, tap_, audio_, QLatin1String(sessionType),
+                               QDBusConnection::sessionBus());
         return line(diagnosis.findings(), subject);
     }
     bool becomes(const char *subject, const std::string &text) {
@@ -35,6 +38,8 @@ protected:
     X11RawInput input_{session_};
     X11Keyboard keyboard_{session_, input_};
     X11KeyTap tap_{keyboard_, QStringLiteral(KEY_GUARD)};
+    test::SoundServer soundServer_{test::SoundServer::Kind::pulseAudio};  // not started
+    PulseAudio audio_;
 };
 
 /// Leaves every key alone.
@@ -43,13 +48,13 @@ struct PlainFilter final : KeyFilter {
 };
 
 TEST_F(X11DiagnosisTest, listsEveryFindingOnce) {
-    X11Diagnosis diagnosis(session_, tap_, QStringLiteral("x11"), QDBusConnection::sessionBus());
+    X11Diagnosis diagnosis(session_, tap_, audio_, QStringLiteral("x11"), QDBusConnection::sessionBus());
     QStringList subjects;
     for (const Finding &finding : diagnosis.findings())
         subjects.append(finding.subject);
     EXPECT_EQ(subjects.join(QStringLiteral(", ")),
               QStringLiteral("Session, Mouse events, Key events, Key mappings, Window manager, "
-                             "Compositor, Tray"));
+                             "Compositor, Tray, Sound"));
 }
 
 TEST_F(X11DiagnosisTest, findsWhatAPlainServerOffers) {
@@ -122,6 +127,14 @@ TEST_F(X11DiagnosisTest, noticesAStatusNotifierTray) {
     QDBusConnection::disconnectFromBus(QStringLiteral("tray"));
 }
 
+TEST_F(X11DiagnosisTest, tellsTheSoundServerAndWhatItPlaysTo) {
+    EXPECT_EQ(finding("Sound"), "- No sound server answers: the volume mixer stays empty.");
+    soundServer_.start();
+    EXPECT_TRUE(becomes("Sound", "- PulseAudio 16.1, without an output device"));
+    soundServer_.addSink(QStringLiteral("speakers"), QStringLiteral("Speakers"));
+    EXPECT_TRUE(becomes("Sound", "+ PulseAudio 16.1, playing to Speakers"));
+}
+
 TEST_F(X11DiagnosisTest, saysWhatAServerWithoutExtensionsRefuses) {
     const QByteArray display = qgetenv("DISPLAY");
     {
@@ -130,7 +143,7 @@ TEST_F(X11DiagnosisTest, saysWhatAServerWithoutExtensionsRefuses) {
              .screen = QStringLiteral("640x480x24"),
              .serverArguments = {QStringLiteral("-extension"), QStringLiteral("XTEST")}});
         X11Session session;
-        X11Diagnosis diagnosis(session, tap_, QStringLiteral("x11"),
+        X11Diagnosis diagnosis(session, tap_, audio_, QStringLiteral("x11"),
                                QDBusConnection(QStringLiteral("no bus")));
         EXPECT_EQ(line(diagnosis.findings(), "Key events"),
                   "- The X server does not offer XTEST: shortcuts and key mappings do nothing.");
@@ -144,7 +157,8 @@ TEST_F(X11DiagnosisTest, saysThatThereIsNoServer) {
     qputenv("DISPLAY", ":nowhere");
     X11Session session;
     qputenv("DISPLAY", display);
-    X11Diagnosis diagnosis(session, tap_, QStringLiteral("x11"), QDBusConnection(QStringLiteral("no bus")));
+    X11Diagnosis diagnosis(session, tap_, audio_, QStringLiteral("x11"),
+                           QDBusConnection(QStringLiteral("no bus")));
     const std::vector<Finding> findings = diagnosis.findings();
     ASSERT_EQ(findings.size(), 1u);
     EXPECT_EQ(line(findings, "Session"), "- There is no X server that Pimloft could talk to.");
