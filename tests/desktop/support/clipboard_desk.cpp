@@ -70,6 +70,17 @@ void ClipboardDesk::copy(const QString &program, const QStringList &arguments, c
     process.closeWriteChannel();
 }
 
+void ClipboardDesk::expectSaying(const char *line) {
+    QByteArray said;
+    EXPECT_TRUE(waitUntil(
+        [&] {
+            said += programs_.back()->readAllStandardOutput();
+            return said.contains(line);
+        },
+        10000))
+        << "it says " << said.toStdString();
+}
+
 void ClipboardDesk::copyText(const QByteArray &text) {
     copy(QStringLiteral("xclip"), {QStringLiteral("-selection"), QStringLiteral("clipboard")}, text);
     expectNewest("text: " + text.toStdString());

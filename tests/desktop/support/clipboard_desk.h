@@ -24,6 +24,9 @@ protected:
     void copyText(const QByteArray &text);
     void copy(const QString &program, const QStringList &arguments, const QByteArray &input = {});
 
+    /// Waits for a line that the program prints that copied last.
+    void expectSaying(const char *line);
+
     /// An editor that is empty, has the keyboard, and whose content `content` answers.
     enum class Editor { qt, gtk, xterm };
     xcb_window_t openEditor(Editor editor);

@@ -91,6 +91,11 @@ struct Behaviour {
     int idle = -1;  ///< milliseconds after which it owns the clipboard once more
 };
 
+void say(const char *line) {
+    std::puts(line);
+    std::fflush(stdout);
+}
+
 void text(Owner &owner, const Request &request, const char *value) {
     owner.answer(request, owner.atom("UTF8_STRING"), 8, value);
 }
@@ -193,8 +198,10 @@ const std::map<std::string, Behaviour> behaviours = {
     {"isSecret", {[](Owner &owner, const Request &request) {
          if (owner.wants(request, "TARGETS"))
              owner.list(request, {"UTF8_STRING", "x-kde-passwordManagerHint"});
+         else if (owner.wants(request, "UTF8_STRING"))
+             text(owner, request, "password");
          else
-             text(owner, request, owner.wants(request, "UTF8_STRING") ? "password" : "secret");
+             text(owner, request, "secret"), say("asked for its mark");
      }}},
     {"ownsAgainAndAgain",
      {[](Owner &owner, const Request &request) {
@@ -230,8 +237,7 @@ int main(int argc, char **argv) {
     const Behaviour &behaviour = known->second;
     Owner owner;
     owner.own();
-    std::puts("owner");
-    std::fflush(stdout);
+    say("owner");
     while (!xcb_connection_has_error(owner.x)) {
         while (xcb_generic_event_t *event = xcb_poll_for_event(owner.x)) {
             handle(owner, behaviour, *event);
