@@ -84,7 +84,8 @@ protected:
                     .support = home.path(),
                     .autostart = home.path(),
                     .runtime = home.path(),
-                    .help = {}};
+                    .help = {},
+                    .keyGuard = {}};
     SystemClock clock;
     std::unique_ptr<Host> host = createHost(dirs);
     Process process{host->platform(), clock, dirs};

@@ -88,7 +88,7 @@ TEST_F(ClipboardPage, theStepperGoesInTensFrom10To200) {
 
 TEST_F(ClipboardPage, theStepperIsClicked) {
     show();
-    const QQuickItem *stepper = named("Max items: 50");
+    QQuickItem *stepper = named("Max items: 50");
     while (stepper && !stepper->inherits("QQuickSpinBox"))
         stepper = stepper->nextItemInFocusChain();
     const QPointF plus = stepper->mapToScene(QPointF(stepper->width() - 10, stepper->height() / 2));

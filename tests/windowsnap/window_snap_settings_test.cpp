@@ -4,6 +4,7 @@
 #include "app/hotkey_manager.h"
 #include "app/settings_keys.h"
 #include "app/settings_manager.h"
+#include "app/shortcut_row.h"
 #include "platform/fake_desktop.h"
 #include "windowsnap/window_snap_engine.h"
 

@@ -70,7 +70,8 @@ TEST_F(X11DiagnosisTest, saysWhetherKeysAreMapped) {
     {
         // Another one finds no keyboard left.
         const X11KeyTap second(keyboard_, QStringLiteral(KEY_GUARD));
-        X11Diagnosis diagnosis(session_, second, QStringLiteral("x11"), QDBusConnection::sessionBus());
+        X11Diagnosis diagnosis(session_, second, audio_, QStringLiteral("x11"),
+                               QDBusConnection::sessionBus());
         EXPECT_EQ(line(diagnosis.findings(), "Key mappings"),
                   "- There is no keyboard that another program does not have: key mappings do nothing.");
     }
@@ -80,7 +81,7 @@ TEST_F(X11DiagnosisTest, saysWhetherKeysAreMapped) {
 
 TEST_F(X11DiagnosisTest, saysThatNobodyWouldGiveTheKeyboardBack) {
     const X11KeyTap unguarded(keyboard_, QStringLiteral("/nowhere/pimloft-keyguard"));
-    X11Diagnosis diagnosis(session_, unguarded, QStringLiteral("x11"), QDBusConnection::sessionBus());
+    X11Diagnosis diagnosis(session_, unguarded, audio_, QStringLiteral("x11"), QDBusConnection::sessionBus());
     EXPECT_EQ(line(diagnosis.findings(), "Key mappings"),
               "- The program that would give the keyboard back is missing: key mappings do nothing.");
 }
