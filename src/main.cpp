@@ -15,6 +15,7 @@
 #include "ui/quick_view_host.h"
 
 #include <QApplication>
+#include <QLoggingCategory>
 #include <QProcessEnvironment>
 
 #include <cstdio>
@@ -101,6 +102,9 @@ int start(int argc, char **argv, CommandLine::Action action) {
     if (const auto reason = prepareDesktop())
         return complain(*reason);
     QApplication application(argc, argv);
+    // What users copy may be broken; that is no failure of ours to report.
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio.warning=false\n"
+                                                    "qt.imageformats.tiff.warning=false"));
     QApplication::setApplicationName(QStringLiteral("pimloft"));
     QApplication::setApplicationVersion(appVersion());
     QApplication::setDesktopFileName(QStringLiteral("pimloft"));

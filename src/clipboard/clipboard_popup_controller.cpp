@@ -26,7 +26,6 @@ constexpr double shadowWidth = 20;
 ClipboardPopupController::ClipboardPopupController(ClipboardStore &store, ClipboardEngine &engine,
                                                    const Desktop &desktop, std::function<ViewHost *()> views)
     : store_(store), engine_(engine), desktop_(desktop), views_(std::move(views)), fade_(desktop.panels) {
-    connect(&store, &ClipboardStore::itemsChanged, this, &ClipboardPopupController::forgetRemoved);
 }
 
 ClipboardPopupController::~ClipboardPopupController() = default;
@@ -61,7 +60,7 @@ void ClipboardPopupController::hide() {
 }
 
 std::unique_ptr<Panel> ClipboardPopupController::makePanel(ViewHost &views, double shadow) {
-    popup_ = std::make_unique<ClipboardPopup>(store_, thumbnails_, desktop_.workspace, desktop_.clock,
+    popup_ = std::make_unique<ClipboardPopup>(store_, store_.thumbnails(), desktop_.workspace, desktop_.clock,
                                               ClipboardPopup::Actions{.onPaste =
                                                                           [this](const ClipboardItem &item) {
                                                                               engine_.writeToPasteboard(item);
@@ -75,16 +74,6 @@ std::unique_ptr<Panel> ClipboardPopupController::makePanel(ViewHost &views, doub
                                  {QStringLiteral("shadow"), shadow}}}));
     panel->onDismiss = [this](Dismissal) { hide(); };
     return panel;
-}
-
-/// What the user deletes is not to be kept as a picture.
-void ClipboardPopupController::forgetRemoved() {
-    if (thumbnails_.isEmpty())
-        return;
-    QSet<QUuid> ids;
-    for (const ClipboardItem &item : store_.items())
-        ids.insert(item.id);
-    thumbnails_.keepOnly(ids);
 }
 
 void ClipboardPopupController::close() {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "app/panel_fade.h"
-#include "clipboard/thumbnails.h"
 
 #include <QObject>
 
@@ -53,13 +52,11 @@ public:
 private:
     std::unique_ptr<Panel> makePanel(ViewHost &views, double shadow);
     void close();
-    void forgetRemoved();
 
     ClipboardStore &store_;
     ClipboardEngine &engine_;
     const Desktop desktop_;
     const std::function<ViewHost *()> views_;
-    Thumbnails thumbnails_;
     std::unique_ptr<ClipboardPopup> popup_;  ///< what the view in popupWindow_ shows
     std::unique_ptr<Panel> popupWindow_;
     PanelFade fade_;

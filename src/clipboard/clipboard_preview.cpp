@@ -2,6 +2,7 @@
 #include "clipboard/clipboard_preview.h"
 
 #include "clipboard/byte_count.h"
+#include "clipboard/picture_decoder.h"
 #include "clipboard/picture_size.h"
 
 #include <QTextBoundaryFinder>
@@ -90,11 +91,8 @@ QString htmlPreview(QStringView html) {
     return text;
 }
 
-QString imagePreview(const QByteArray &bytes) {
-    const QSize size = pictureSize(bytes);
-    if (!size.isValid())
-        return QStringLiteral("Image (%1)").arg(byteCountText(bytes.size()));
-    return QStringLiteral("Image %1\u00D7%2").arg(size.width()).arg(size.height());
+bool canBeDecoded(const QByteArray &bytes) {
+    return pictureSize(bytes).isValid() && !decodePicture(bytes, [](QSize size) { return size; }).isNull();
 }
 
 QString fileName(const QUrl &url) {
@@ -110,12 +108,21 @@ QString fileName(const QUrl &url) {
 struct Preview {
     QString operator()(const TextContent &content) const { return textPreview(content.string); }
     QString operator()(const RichTextContent &) const { return QStringLiteral("[Rich Text]"); }
-    QString operator()(const ImageContent &content) const { return imagePreview(content.bytes); }
+    QString operator()(const ImageContent &content) const {
+        return picturePreview(content.bytes, canBeDecoded(content.bytes));
+    }
     QString operator()(const FileURLContent &content) const { return fileName(content.url); }
     QString operator()(const HtmlContent &content) const { return htmlPreview(content.string); }
 };
 
 }  // namespace
+
+QString picturePreview(const QByteArray &bytes, bool canBeDecoded) {
+    const QSize size = pictureSize(bytes);
+    if (!canBeDecoded || !size.isValid())
+        return QStringLiteral("Image (%1)").arg(byteCountText(bytes.size()));
+    return QStringLiteral("Image %1\u00D7%2").arg(size.width()).arg(size.height());
+}
 
 QString preview(const ClipboardContent &content) {
     return std::visit(Preview{}, content);

@@ -6,8 +6,10 @@
 #include "base/atomic_file.h"
 #include "base/console.h"
 #include "clipboard/clipboard_preferences.h"
+#include "clipboard/clipboard_preview.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace pimloft {
 
@@ -19,6 +21,7 @@ ClipboardStore &ClipboardStore::shared() {
 
 ClipboardStore::ClipboardStore(PreferencesService &defaults, const QString &supportFolder)
     : defaults_(defaults), file_(supportFolder + QStringLiteral("/clipboard_history.json")) {
+    connect(&thumbnails_, &Thumbnails::decoded, this, &ClipboardStore::judgePicture);
     makePrivateFolder(supportFolder);
     loadFromDisk();
 }
@@ -80,7 +83,19 @@ bool ClipboardStore::removeWhere(const std::function<bool(const ClipboardItem &)
     const bool anyWent = kept < items_.size();
     items_.resize(kept);
     derived_.resize(kept);
+    if (anyWent)
+        forgetThumbnails();
     return anyWent;
+}
+
+/// What the user deletes is not to be kept as a picture.
+void ClipboardStore::forgetThumbnails() {
+    if (thumbnails_.isEmpty())
+        return;
+    QSet<QUuid> ids;
+    for (const ClipboardItem &item : items_)
+        ids.insert(item.id);
+    thumbnails_.keepOnly(ids);
 }
 
 void ClipboardStore::setSearchQuery(const QString &query) {
@@ -110,7 +125,7 @@ const QString &ClipboardStore::preview(std::size_t index) const {
     const ClipboardItem &item = items_[index];
     const Derived &derived = derived_[index];
     if (!derived.preview) {
-        derived.preview = item.preview();
+        derived.preview = workOutPreview(item);
         derived.searchablePreview = derived.preview->toLower();
         derived.searchableSource = item.sourceApp.toLower();
     }
@@ -118,9 +133,31 @@ const QString &ClipboardStore::preview(std::size_t index) const {
 }
 
 QString ClipboardStore::preview(const ClipboardItem &item) const {
-    const ClipboardItem *const first = items_.data();
-    const bool isOurs = std::greater_equal<>()(&item, first) && std::less<>()(&item, first + items_.size());
-    return isOurs ? preview(std::size_t(&item - first)) : item.preview();
+    const auto found = std::find(items_.begin(), items_.end(), item);
+    return found == items_.end() ? item.preview() : preview(std::size_t(found - items_.begin()));
+}
+
+/// A picture is first taken for what its header says. It is decoded for its thumbnail anyway, and until then
+/// nobody has to wait.
+QString ClipboardStore::workOutPreview(const ClipboardItem &item) const {
+    const auto *picture = std::get_if<ImageContent>(&item.content);
+    if (!picture)
+        return item.preview();
+    const std::optional<QImage> thumbnail = thumbnails_.thumbnail(item.id, picture->bytes);
+    return picturePreview(picture->bytes, !thumbnail || !thumbnail->isNull());
+}
+
+void ClipboardStore::judgePicture(const QUuid &id) {
+    const auto found =
+        std::find_if(items_.begin(), items_.end(), [&](const ClipboardItem &each) { return each.id == id; });
+    if (found == items_.end())
+        return;
+    const Derived &derived = derived_[std::size_t(found - items_.begin())];
+    if (!derived.preview)
+        return;
+    const QString before = *std::exchange(derived.preview, std::nullopt);
+    if (preview(*found) != before)
+        emit itemsChanged();
 }
 
 void ClipboardStore::saveToDisk() {

@@ -3,6 +3,7 @@
 
 #include "clipboard/clipboard_item.h"
 #include "clipboard/history_file.h"
+#include "clipboard/thumbnails.h"
 
 #include <QObject>
 
@@ -45,8 +46,12 @@ public:
     /// one. Valid until the entries change.
     std::vector<const ClipboardItem *> filteredItems() const;
 
-    /// The same text as the item's own; not worked out again for an entry of `items()`.
+    /// The same text as the item's own; not worked out again for an entry of `items()`. A picture that turns
+    /// out to be broken changes its preview once it has been decoded.
     QString preview(const ClipboardItem &item) const;
+
+    /// The small pictures of the entries.
+    Thumbnails &thumbnails() { return thumbnails_; }
 
 signals:
     void itemsChanged();
@@ -66,6 +71,9 @@ private:
     /// Answers whether any entry went.
     bool removeWhere(const std::function<bool(const ClipboardItem &)> &goes);
     const QString &preview(std::size_t index) const;
+    QString workOutPreview(const ClipboardItem &item) const;
+    void forgetThumbnails();
+    void judgePicture(const QUuid &id);
     bool matches(std::size_t index, const QString &lowerCaseQuery) const;
 
     PreferencesService &defaults_;
@@ -73,6 +81,7 @@ private:
     std::vector<ClipboardItem> items_;
     std::vector<Derived> derived_;  ///< one for each entry, in their order
     QString searchQuery_;
+    mutable Thumbnails thumbnails_;
 };
 
 }  // namespace pimloft

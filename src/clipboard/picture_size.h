@@ -9,8 +9,7 @@ namespace pimloft {
 /// The size in pixels that a PNG or TIFF file gives in its header, or nothing valid when it is neither. Pure;
 /// any thread.
 ///
-/// Reading the header alone takes no time however large the picture is; a decoder would also look for its
-/// plug-ins at the first picture and complain of broken ones on standard error.
+/// Reading the header alone takes no time however large the picture is.
 QSize pictureSize(const QByteArray &bytes);
 
 }  // namespace pimloft

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/thumbnails.h"
 
-#include <QBuffer>
+#include "clipboard/picture_decoder.h"
+
 #include <QGuiApplication>
-#include <QImageReader>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace pimloft {
@@ -15,10 +14,6 @@ namespace {
 
 /// Bytes of decoded pictures that are kept.
 constexpr int bound = 8 << 20;
-
-/// What is captured as a picture. Named, since some formats are so loosely marked that anything passes for
-/// them.
-constexpr std::array formats{"png", "tiff"};
 
 /// The size to decode a picture in, so that it covers what is shown of it. Native pixels.
 QSize coveringSize(QSize picture, QSize shown) {
@@ -36,31 +31,17 @@ QImage middle(const QImage &image, QSize size) {
     return image.copy(QRect(QPoint(beside.width(), beside.height()), size));
 }
 
-QImage decode(QImageReader &reader, double ratio) {
-    const QSize size = reader.size();
-    if (size.isEmpty())
-        return {};
-    const QSize shown = shownSize(size, ratio);
-    reader.setScaledSize(coveringSize(size, shown));
-    const QImage image = reader.read();
+QImage decode(const QByteArray &bytes, double ratio) {
+    QSize shown;
+    const QImage image = decodePicture(bytes, [&](QSize size) {
+        shown = shownSize(size, ratio);
+        return coveringSize(size, shown);
+    });
     if (image.isNull())
         return {};
     QImage part = middle(image, shown).convertToFormat(QImage::Format_ARGB32_Premultiplied);
     part.setDevicePixelRatio(ratio);
     return part;
-}
-
-QImage decode(const QByteArray &bytes, double ratio) {
-    QBuffer buffer;
-    buffer.setData(bytes);
-    buffer.open(QIODevice::ReadOnly);
-    for (const char *format : formats) {
-        buffer.seek(0);
-        QImageReader reader(&buffer, format);
-        if (reader.canRead())
-            return decode(reader, ratio);
-    }
-    return {};
 }
 
 }  // namespace

@@ -27,7 +27,7 @@ public:
     ~Thumbnails() override;
 
     /// The picture of the entry `id`, as sharp as the sharpest screen; a null image when `bytes` are none
-    /// that can be read. Nothing while it is being decoded; then `decoded` tells.
+    /// that can be read to its end. Nothing while it is being decoded; then `decoded` tells.
     std::optional<QImage> thumbnail(const QUuid &id, const QByteArray &bytes);
 
     /// Drops the pictures of all other entries.

@@ -139,6 +139,12 @@ TEST(ImagePreview, ofWhatIsNoPictureIsTheNumberOfBytes) {
     EXPECT_EQ(preview(ImageContent{picture({10, 10}, "png").left(20)}), QStringLiteral("Image (20 bytes)"));
 }
 
+TEST(ImagePreview, ofAPictureWithAGoodHeaderAndNothingBehindItIsTheNumberOfBytes) {
+    EXPECT_EQ(preview(ImageContent{picture({500, 500}, "png").left(60)}), QStringLiteral("Image (60 bytes)"));
+    EXPECT_EQ(preview(ImageContent{picture({500, 500}, "tiff").left(900)}),
+              QStringLiteral("Image (900 bytes)"));
+}
+
 TEST(FilePreview, isTheNameOfTheFile) {
     EXPECT_EQ(ofFile("file:///home/me/a%20b%C3%A9.txt"), QStringLiteral("a b\u00E9.txt"));
     EXPECT_EQ(ofFile("file:///home/me/folder/"), QStringLiteral("folder"));

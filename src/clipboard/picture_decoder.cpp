@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include "clipboard/picture_decoder.h"
+
+#include <QBuffer>
+#include <QImageReader>
+
+#include <array>
+
+namespace pimloft {
+
+namespace {
+
+/// What is captured as a picture. Named, since some formats are so loosely marked that anything passes for
+/// them.
+constexpr std::array formats{"png", "tiff"};
+
+QImage decode(QImageReader &reader, const PictureScale &scale) {
+    const QSize size = reader.size();
+    if (size.isEmpty())
+        return {};
+    reader.setScaledSize(scale(size));
+    return reader.read();
+}
+
+}  // namespace
+
+QImage decodePicture(const QByteArray &bytes, const PictureScale &scale) {
+    QBuffer buffer;
+    buffer.setData(bytes);
+    buffer.open(QIODevice::ReadOnly);
+    for (const char *format : formats) {
+        buffer.seek(0);
+        QImageReader reader(&buffer, format);
+        if (reader.canRead())
+            return decode(reader, scale);
+    }
+    return {};
+}
+
+}  // namespace pimloft
