@@ -17,7 +17,7 @@ struct KeyMapping {
     KeyCode fromKeyCode{};
     KeyFlags fromModifiers{};  ///< must all be held; others may be held as well
     KeyCode toKeyCode{};
-    KeyFlags toModifiers{};    ///< take the place of fromModifiers
+    KeyFlags toModifiers{};         ///< take the place of fromModifiers
     QStringList excludedApps = {};  ///< identifiers of the applications in which it never fires
 
     friend bool operator==(const KeyMapping &, const KeyMapping &) = default;

@@ -5,6 +5,7 @@
 #include "ui/quick_view_window.h"
 
 #include <QFile>
+#include <QQuickItem>
 
 namespace pimloft {
 
@@ -16,7 +17,10 @@ public:
     PanelContent(QuickEngine &engine, const Page &page) : PageView(engine, page), engineUse_(engine.use()) {
         setColor(Qt::transparent);
         // Only the end of the program comes to that.
-        connect(&engine, &QuickEngine::aboutToDrop, this, [this] { setSource({}); });
+        connect(&engine, &QuickEngine::aboutToDrop, this, [this] {
+            delete rootObject();
+            setSource({});
+        });
     }
 
 private:

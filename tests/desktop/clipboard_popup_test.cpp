@@ -108,7 +108,8 @@ TEST_F(PopupOnADesktop, opensAroundThePointerWhileTheOtherWindowStaysInFront) {
     open();
     EXPECT_TRUE(waitUntil([this] { return window->geometry().center() == QPoint(699, 499); }))
         << window->geometry().center().x() << ", " << window->geometry().center().y();
-    EXPECT_TRUE(sink.isActive());
+    // Without a window manager no window is the active one.
+    EXPECT_EQ(sink.isActive(), !qEnvironmentVariableIsEmpty("PIMLOFT_TEST_WM"));
 }
 
 TEST_F(PopupOnADesktop, whatIsTypedIsLookedForAndReachesNobodyElse) {

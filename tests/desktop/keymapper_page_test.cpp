@@ -36,11 +36,10 @@ protected:
                    desktop().activeWindow() == desktop().windowsOf(QStringLiteral("pimloft")).front();
         }));
     }
-    /// From the list of pages, of which key remapping's is the one after window snapping's, to the first
-    /// switch.
+    /// From the list of pages, of which key remapping's is the last but one, to the first switch.
     void switchWindowsModeOn() {
         openSettings();
-        for (const int key : {KEY_TAB, KEY_END, KEY_TAB, KEY_SPACE})
+        for (const int key : {KEY_TAB, KEY_END, KEY_UP, KEY_TAB, KEY_SPACE})
             hands().tap(key);
         ASSERT_TRUE(waitUntil([this] { return isStored(true); })) << "the switch does nothing";
     }

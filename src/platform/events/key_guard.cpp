@@ -22,11 +22,14 @@ public:
         posix_spawn_file_actions_adddup2(&files, channel, guardChannel);
         posix_spawn_file_actions_addclosefrom_np(&files, guardChannel + 1);
         posix_spawnattr_init(&attributes);
-        sigset_t none;
+        // Held back until the guard ignores them: it must not die before it has begun.
+        sigset_t early;
         sigset_t all;
-        sigemptyset(&none);
+        sigemptyset(&early);
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+            sigaddset(&early, signal);
         sigfillset(&all);
-        posix_spawnattr_setsigmask(&attributes, &none);
+        posix_spawnattr_setsigmask(&attributes, &early);
         posix_spawnattr_setsigdefault(&attributes, &all);
         posix_spawnattr_setpgroup(&attributes, 0);
         posix_spawnattr_setflags(

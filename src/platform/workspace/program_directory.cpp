@@ -52,7 +52,17 @@ std::optional<QString> ProgramDirectory::identifyPlayer(const MprisPlayer &playe
                                .gtkApplicationId = player.desktopEntry,
                                .executable = info.executable,
                                .launchedEntry = info.launchedEntry};
-    return identify(traits, entries_.match(traits)).bundleId;
+    std::optional<DesktopEntry> entry = entries_.match(traits);
+    // A player says which entry is its own, also where that is not installed under this name.
+    if (!entry && !player.desktopEntry.isEmpty())
+        entry = DesktopEntry{.id = player.desktopEntry,
+                             .name = {},
+                             .icon = {},
+                             .startupClass = {},
+                             .executable = {},
+                             .categories = {},
+                             .mimeTypes = {}};
+    return identify(traits, entry).bundleId;
 }
 
 const ProgramDirectory::Program *ProgramDirectory::known(ProcessId process) const {

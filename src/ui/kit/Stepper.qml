@@ -10,6 +10,7 @@ T.SpinBox {
     implicitWidth: Theme.controlHeight * 2 + 1
     implicitHeight: Theme.controlHeight
     editable: false
+    focusPolicy: Qt.TabFocus
 
     component Half: Item {
         id: half

@@ -205,7 +205,7 @@ TEST_F(MprisTest, aPlayerIsKnownByWhatItSaysOfItself) {
     EXPECT_TRUE(waitUntil([&] { return identity("tunes", "org.test.Tunes") == "com.apple.Music"; }));
     EXPECT_EQ(identity("Tunes"), "com.apple.Music");
     EXPECT_EQ(identity("spotify"), "com.spotify.client");
-    EXPECT_EQ(identity("whatever", "spotify_spotify"), "com.spotify.client");
+    EXPECT_EQ(identity("whatever", "spotify_spotify"), "com.spotify.client") << "which is not installed";
     EXPECT_EQ(identity("mpv"), "io.mpv");
     EXPECT_EQ(identity("firefox"), "org.mozilla.firefox");
     EXPECT_EQ(identity("nobody-knows-me"), "unknown");
