@@ -65,6 +65,8 @@ void SelectionLink::watchOwner(xcb_atom_t selection) {
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
     ownerNotice_ =
         xcb_get_extension_data(connection_, &xcb_xfixes_id)->first_event + XCB_XFIXES_SELECTION_NOTIFY;
+    // From here on no change is missed.
+    owner(selection);
 }
 
 xcb_atom_t SelectionLink::atom(const QByteArray &name) {

@@ -210,6 +210,8 @@ void X11Selection::takeRequests() {
         queries.swap(shared_.queries);
         abandoned.swap(shared_.abandoned);
     }
+    // What the questions are about has been told before they were asked, and counts first.
+    handleEvents();
     for (SelectionQuery &query : queries) {
         if (!link_.isConnected())
             answered_(query.id, {SelectionAnswer::failed});

@@ -238,16 +238,13 @@ TEST_F(X11KeyTapTest, theWindowManagersOwnKeysAreTheRewrittenOnes) {
     for (const auto &[key, next] : {std::pair(KEY_A, &sink), std::pair(KEY_TAB, &other)}) {
         // The window manager holds the keyboard until Alt is let go. After another keyboard than before has
         // typed, it is deaf until it has grabbed its keys anew.
-        EXPECT_TRUE(waitUntil([&, key = key] {
+        EXPECT_TRUE(waitUntil([&, key = key, next = next] {
             hands.press(KEY_LEFTALT);
             hands.tap(key);
-            if (waitUntil([&] { return isKeyboardTaken(); }, 300))
-                return true;
+            waitUntil([&] { return isKeyboardTaken(); }, 300);
             hands.release(KEY_LEFTALT);
-            return false;
+            return waitUntil([&] { return next->isActive(); }, 1000);
         }));
-        hands.release(KEY_LEFTALT);
-        EXPECT_TRUE(waitUntil([&] { return next->isActive(); }));
     }
     EXPECT_TRUE(nothingIsDown());
 }
