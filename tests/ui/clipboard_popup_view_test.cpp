@@ -3,8 +3,8 @@
 #include "page_session.h"
 
 #include <QGuiApplication>
-#include <QStyleHints>
 #include <QQuickView>
+#include <QStyleHints>
 #include <QTest>
 
 #include <gtest/gtest.h>

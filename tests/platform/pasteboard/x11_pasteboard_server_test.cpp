@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Servers that lack something, or go away.
 #include "pasteboard_desk.h"
-#include "requestor.h"
 
 namespace pimloft {
 namespace {
@@ -35,17 +34,6 @@ protected:
     std::unique_ptr<X11Pasteboard> pasteboard_;
     QObject context_;
 };
-
-TEST_F(X11PasteboardServer, isUsedForOwnContentWhereItTellsNothingOfOwners) {
-    open({QStringLiteral("-extension"), QStringLiteral("XFIXES")});
-    test::Requestor other;
-    EXPECT_EQ(pasteboard_->write(plain("own")), 1);
-    EXPECT_EQ(other.paste("UTF8_STRING"), QByteArray("own"));
-    EXPECT_EQ(readText(), "own");
-    other.own();
-    EXPECT_EQ(pasteboard_->write(plain("again")), 2);
-    EXPECT_EQ(other.paste("UTF8_STRING"), QByteArray("again"));
-}
 
 TEST_F(X11PasteboardServer, mayNotTellWhoseContentItIs) {
     open({QStringLiteral("-extension"), QStringLiteral("X-Resource")});
