@@ -63,7 +63,7 @@ Rectangle {
                 color: Theme.colors.secondaryText
                 visible: row.symbol.length > 0
             }
-            Picture {
+            IconItem {
                 anchors.fill: parent
                 icon: row.fileIcon
                 visible: row.symbol.length === 0

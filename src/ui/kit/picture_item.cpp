@@ -12,8 +12,6 @@ PictureItem::PictureItem(QQuickItem *parent) : QQuickPaintedItem(parent) {
 }
 
 void PictureItem::paint(QPainter *painter) {
-    if (!icon_.isNull())
-        icon_.paint(painter, boundingRect().toAlignedRect());
     if (image_.isNull())
         return;
     painter->setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
@@ -33,14 +31,6 @@ void PictureItem::setImage(const QImage &image) {
     setImplicitSize(size.width(), size.height());
     update();
     emit imageChanged();
-}
-
-void PictureItem::setIcon(const QIcon &icon) {
-    if (icon_.cacheKey() == icon.cacheKey())
-        return;
-    icon_ = icon;
-    update();
-    emit iconChanged();
 }
 
 void PictureItem::setRadius(double radius) {
