@@ -8,6 +8,7 @@
 #include "app/process.h"
 #include "app/settings_manager.h"
 #include "base/console.h"
+#include "i18n/translations.h"
 #include "platform/instance/instance.h"
 #include "platform/signals/quit_signals.h"
 #include "ui/kit/theme.h"
@@ -102,12 +103,14 @@ int start(int argc, char **argv, CommandLine::Action action) {
     if (const auto reason = prepareDesktop())
         return complain(*reason);
     QApplication application(argc, argv);
+    const Translations translations(QLocale::system());
+    QGuiApplication::setLayoutDirection(Translations::direction(QLocale::system()));
     // What users copy may be broken; that is no failure of ours to report.
     QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio.warning=false\n"
                                                     "qt.imageformats.tiff.warning=false"));
     QApplication::setApplicationName(QStringLiteral("pimloft"));
     QApplication::setApplicationVersion(appVersion());
-    QApplication::setDesktopFileName(QStringLiteral("pimloft"));
+    QApplication::setDesktopFileName(QStringLiteral("app.pimloft.Pimloft"));
 
     const QString runtime = Dirs::fromEnvironment(QProcessEnvironment::systemEnvironment()).runtime;
     const QString login = qEnvironmentVariable("DISPLAY");
