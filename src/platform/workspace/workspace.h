@@ -45,7 +45,8 @@ public:
     virtual QIcon icon(const Application &application) = 0;
     virtual QIcon fileIcon(const QString &path) = 0;
 
-    /// Opens a link with the program that the user has chosen for it. False when there is none.
+    /// Opens a link to the web, or to the desktop's settings, with the program that the user has chosen for
+    /// it. False when there is none, and for every other link.
     virtual bool open(const QUrl &url) = 0;
 
     /// Shows the file selected in a file manager, or a folder's content. Returns at once.
