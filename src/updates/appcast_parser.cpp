@@ -40,19 +40,19 @@ bool hasEndlessTag(QByteArrayView data) {
     return false;
 }
 
-/// Hands a document over tag by tag: the reader drops whatever came together with bytes that its encoding
-/// does not know, and so would drop what was well before them.
-class TagByTag final : public QIODevice {
+/// Hands a document over item by item: the reader drops whatever came together with bytes that its encoding
+/// does not know, and so would drop an item that was well before them.
+class ItemByItem final : public QIODevice {
 public:
-    explicit TagByTag(const QByteArray &document) : rest_(document) { open(ReadOnly | Unbuffered); }
+    explicit ItemByItem(const QByteArray &document) : rest_(document) { open(ReadOnly | Unbuffered); }
     bool isSequential() const override { return true; }
 
 protected:
     qint64 readData(char *to, qint64 room) override {
-        // The reader looks at the first bytes for the encoding, and wants them together.
-        constexpr qsizetype least = 4;
-        const qsizetype tag = rest_.indexOf('>', least) + 1;
-        const qsizetype size = std::min(qsizetype(room), tag > 0 ? tag : rest_.size());
+        constexpr QByteArrayView end("item>");
+        const QByteArrayView ready = rest_.first(std::min(qsizetype(room), rest_.size()));
+        const qsizetype found = ready.indexOf(end);
+        const qsizetype size = found < 0 ? ready.size() : found + end.size();
         std::copy_n(rest_.data(), size, to);
         rest_ = rest_.sliced(size);
         return size;
@@ -77,7 +77,7 @@ AppcastParser::AppcastParser(QByteArray data) : data_(std::move(data)) {
 std::optional<AppcastItem> AppcastParser::parse() {
     if (hasEndlessTag(data_))
         return std::nullopt;
-    TagByTag document(data_);
+    ItemByItem document(data_);
     QXmlStreamReader reader(&document);
     reader.setNamespaceProcessing(false);
     int depth = 0;
