@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "app/accessibility_manager.h"
 #include "app/app_delegate.h"
 #include "app/app_state.h"
 #include "app/bundle_info.h"
@@ -57,7 +58,11 @@ int run(QApplication &application, Instance &instance, CommandLine::Action actio
 
     QuickViewHost views(process.platform().displays, Theme::shared());
     process.setViews(&views);
-    AppDelegate delegate(SettingsManager::shared(), views, &AppState::shared);
+    AppDelegate delegate({.settings = SettingsManager::shared(),
+                          .accessibility = AccessibilityManager::shared(),
+                          .workspace = process.platform().workspace,
+                          .views = views},
+                         &AppState::shared);
     delegate.applicationDidFinishLaunching();
     PimloftApp app(process, AppState::shared(), views);
     instance.onCommand = [&](InstanceCommand command) -> QString {

@@ -102,6 +102,9 @@ class Theme : public QObject {
     Q_PROPERTY(QFont calloutBold READ calloutBold CONSTANT)
     Q_PROPERTY(QFont caption READ caption CONSTANT)
     Q_PROPERTY(QFont display READ display CONSTANT)
+    Q_PROPERTY(QFont hero READ hero CONSTANT)
+    Q_PROPERTY(QColor brand READ brand CONSTANT)
+    Q_PROPERTY(QColor brandEnd READ brandEnd CONSTANT)
     Q_PROPERTY(QFont keys READ keys CONSTANT)
     Q_PROPERTY(QFont keysCaption READ keysCaption CONSTANT)
     Q_PROPERTY(double unit MEMBER unit CONSTANT)
@@ -140,6 +143,11 @@ public:
     QFont caption() const { return font(0.86, QFont::Normal); }
     /// For one number that a window is about: 48 points high, whatever the desktop's font.
     QFont display() const;
+    /// For what a window welcomes with.
+    QFont hero() const { return font(1.7, QFont::DemiBold); }
+    /// The brand's gradient, which is the same in every look.
+    QColor brand() const { return ThemeColors::light().accent; }
+    QColor brandEnd() const { return ThemeColors::light().accentEnd; }
     /// For the names of keys: all digits and carets equally wide.
     QFont keys() const { return keyFont(0.9); }
     QFont keysCaption() const { return keyFont(0.82); }

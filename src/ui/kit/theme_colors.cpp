@@ -76,9 +76,9 @@ ThemeColors ThemeColors::lightHighContrast() {
     colors.window = 0xffffff;
     colors.sidebar = 0xffffff;
     colors.card = 0xffffff;
-    colors.outline = 0x000000;
+    colors.outline = QRgb(0);
     colors.separator = 0x6a6a6a;
-    colors.text = 0x000000;
+    colors.text = QRgb(0);
     colors.secondaryText = 0x2b2b2b;
     colors.accent = 0x0f3fae;
     colors.accentEnd = 0x06566b;
@@ -89,7 +89,7 @@ ThemeColors ThemeColors::lightHighContrast() {
     colors.control = 0xffffff;
     colors.controlHovered = 0xe8e8e8;
     colors.controlPressed = 0xcfcfcf;
-    colors.controlOutline = 0x000000;
+    colors.controlOutline = QRgb(0);
     colors.hovered = 0xe8e8e8;
     colors.unlit = 0xe0e0e0;
     colors.track = 0x5c5c5c;
@@ -107,9 +107,9 @@ ThemeColors ThemeColors::lightHighContrast() {
 
 ThemeColors ThemeColors::darkHighContrast() {
     ThemeColors colors;
-    colors.window = 0x000000;
-    colors.sidebar = 0x000000;
-    colors.card = 0x000000;
+    colors.window = QRgb(0);
+    colors.sidebar = QRgb(0);
+    colors.card = QRgb(0);
     colors.outline = 0xffffff;
     colors.separator = 0x8c8c8c;
     colors.text = 0xffffff;
@@ -117,17 +117,17 @@ ThemeColors ThemeColors::darkHighContrast() {
     colors.accent = 0x8ab4ff;
     colors.accentEnd = 0x67d8f0;
     colors.accentPressed = 0xb5d0ff;
-    colors.onAccent = 0x000000;
+    colors.onAccent = QRgb(0);
     colors.accentText = 0x9cc2ff;
     colors.accentSoft = 0x10203f;
-    colors.control = 0x000000;
+    colors.control = QRgb(0);
     colors.controlHovered = 0x2b2b2b;
     colors.controlPressed = 0x454545;
     colors.controlOutline = 0xffffff;
     colors.hovered = 0x2b2b2b;
     colors.unlit = 0x333333;
     colors.track = 0x8c8c8c;
-    colors.knob = 0x000000;
+    colors.knob = QRgb(0);
     colors.success = 0x7ff0a8;
     colors.successSoft = 0x06260f;
     colors.warning = 0xffd36b;
