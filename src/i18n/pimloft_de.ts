@@ -248,6 +248,30 @@
         <source>Build</source>
         <translation>Build</translation>
     </message>
+    <message>
+        <source>Updates</source>
+        <translation>Aktualisierungen</translation>
+    </message>
+    <message>
+        <source>v%1 available</source>
+        <translation>v%1 verfügbar</translation>
+    </message>
+    <message>
+        <source>Download Update</source>
+        <translation>Aktualisierung laden</translation>
+    </message>
+    <message>
+        <source>Up to date</source>
+        <translation>Auf dem neuesten Stand</translation>
+    </message>
+    <message>
+        <source>Checking...</source>
+        <translation>Wird geprüft …</translation>
+    </message>
+    <message>
+        <source>Check Now</source>
+        <translation>Jetzt prüfen</translation>
+    </message>
 </context>
 <context>
     <name>InfoRow</name>
@@ -376,6 +400,102 @@
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>OnboardingModules</name>
+    <message>
+        <source>Choose Your Modules</source>
+        <translation>Wählen Sie Ihre Module</translation>
+    </message>
+    <message>
+        <source>All modules are enabled by default. Disable any you don&apos;t need.</source>
+        <translation>Alle Module sind eingeschaltet. Schalten Sie aus, was Sie nicht brauchen.</translation>
+    </message>
+</context>
+<context>
+    <name>OnboardingReady</name>
+    <message>
+        <source>You&apos;re All Set!</source>
+        <translation>Alles bereit!</translation>
+    </message>
+    <message>
+        <source>Pimloft lives in your menu bar.
+Click the icon to access all features.</source>
+        <translation>Pimloft wohnt in der Menüleiste.
+Ein Klick auf das Symbol öffnet alle Funktionen.</translation>
+    </message>
+    <message>
+        <source>Look for this icon in your menu bar</source>
+        <translation>Dieses Symbol steht in Ihrer Menüleiste</translation>
+    </message>
+</context>
+<context>
+    <name>OnboardingView</name>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Weiter</translation>
+    </message>
+    <message>
+        <source>Get Started</source>
+        <translation>Los geht&apos;s</translation>
+    </message>
+</context>
+<context>
+    <name>OnboardingWelcome</name>
+    <message>
+        <source>Welcome to Pimloft</source>
+        <translation>Willkommen bei Pimloft</translation>
+    </message>
+    <message>
+        <source>Everything you miss from Windows, in one app.</source>
+        <translation>Alles, was Sie von Windows vermissen, in einem Programm.</translation>
+    </message>
+</context>
+<context>
+    <name>PermissionStepRow</name>
+    <message>
+        <source>%1. %2</source>
+        <translation>%1. %2</translation>
+    </message>
+</context>
+<context>
+    <name>PermissionView</name>
+    <message>
+        <source>Accessibility Permission Required</source>
+        <translation>Berechtigung für Bedienungshilfen erforderlich</translation>
+    </message>
+    <message>
+        <source>Pimloft needs Accessibility access to manage windows, remap keys, and enhance Finder. Your data stays completely private — nothing leaves your Mac.</source>
+        <translation>Pimloft braucht Zugriff auf die Bedienungshilfen, um Fenster anzuordnen, Tasten umzulegen und den Finder zu ergänzen. Ihre Daten bleiben privat – nichts verlässt Ihren Mac.</translation>
+    </message>
+    <message>
+        <source>Click the button below to open System Settings</source>
+        <translation>Öffnen Sie mit der Taste unten die Systemeinstellungen</translation>
+    </message>
+    <message>
+        <source>Find Pimloft in the list</source>
+        <translation>Suchen Sie Pimloft in der Liste</translation>
+    </message>
+    <message>
+        <source>Toggle the switch ON</source>
+        <translation>Schalten Sie den Schalter EIN</translation>
+    </message>
+    <message>
+        <source>Permission Granted!</source>
+        <translation>Berechtigung erteilt!</translation>
+    </message>
+    <message>
+        <source>Open System Settings</source>
+        <translation>Systemeinstellungen öffnen</translation>
+    </message>
+    <message>
+        <source>Skip for Now</source>
+        <translation>Vorerst überspringen</translation>
     </message>
 </context>
 <context>
@@ -617,6 +737,13 @@
     </message>
 </context>
 <context>
+    <name>StepDots</name>
+    <message>
+        <source>Step %1 of %2</source>
+        <translation>Schritt %1 von %2</translation>
+    </message>
+</context>
+<context>
     <name>SupportedAppRow</name>
     <message>
         <source>%1: %2</source>
@@ -650,6 +777,24 @@
     <message>
         <source>Output</source>
         <translation>Ausgabe</translation>
+    </message>
+</context>
+<context>
+    <name>WhatsNewRow</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>WhatsNewView</name>
+    <message>
+        <source>What&apos;s New in v%1</source>
+        <translation>Neu in v%1</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Weiter</translation>
     </message>
 </context>
 <context>
@@ -810,6 +955,29 @@
     </message>
 </context>
 <context>
+    <name>pimloft::Onboarding</name>
+    <message>
+        <source>Windows 11-style window snapping with visual layout picker</source>
+        <translation>Fenster einrasten wie in Windows 11, mit Auswahl von Anordnungen</translation>
+    </message>
+    <message>
+        <source>Clipboard history with Cmd+Shift+V popup</source>
+        <translation>Verlauf der Zwischenablage mit Cmd+Umschalt+V</translation>
+    </message>
+    <message>
+        <source>Cmd+X cut-paste for files, New File in Finder</source>
+        <translation>Dateien mit Cmd+X ausschneiden, Neue Datei im Finder</translation>
+    </message>
+    <message>
+        <source>One-click Ctrl↔Cmd swap, Windows key behavior</source>
+        <translation>Strg ↔ Cmd mit einem Klick tauschen, Tasten wie unter Windows</translation>
+    </message>
+    <message>
+        <source>Per-app volume mixer in your menu bar</source>
+        <translation>Lautstärke je Programm in der Menüleiste</translation>
+    </message>
+</context>
+<context>
     <name>pimloft::QuickVolumeModule</name>
     <message>
         <source>Per-app volume mixer in your menu bar</source>
@@ -840,6 +1008,29 @@
     <message>
         <source>Quit</source>
         <translation>Beenden</translation>
+    </message>
+</context>
+<context>
+    <name>pimloft::WhatsNew</name>
+    <message>
+        <source>Windows 11-style drag-to-edge snapping with 6 layout presets</source>
+        <translation>Fenster an den Rand ziehen und einrasten wie in Windows 11, mit 6 Anordnungen</translation>
+    </message>
+    <message>
+        <source>Clipboard history with Cmd+Shift+V popup, search, and pinning</source>
+        <translation>Verlauf der Zwischenablage mit Cmd+Umschalt+V, Suche und Anheften</translation>
+    </message>
+    <message>
+        <source>Cmd+X cut-paste for files and New File in Finder right-click</source>
+        <translation>Dateien mit Cmd+X ausschneiden und Neue Datei im Kontextmenü des Finders</translation>
+    </message>
+    <message>
+        <source>One-click Ctrl/Cmd swap with safety panic hotkey</source>
+        <translation>Strg und Cmd mit einem Klick tauschen, mit Notaus-Taste</translation>
+    </message>
+    <message>
+        <source>Per-app volume mixer and output device switcher</source>
+        <translation>Lautstärke je Programm und Wahl des Ausgabegeräts</translation>
     </message>
 </context>
 <context>

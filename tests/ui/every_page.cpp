@@ -3,6 +3,9 @@
 
 #include "history_session.h"
 
+#include "app/onboarding.h"
+#include "app/whats_new.h"
+
 #include "keymapper/key_mapper_module.h"
 #include "keymapper/key_mapper_settings.h"
 #include "keymapper/key_mapping_document.h"
@@ -51,6 +54,8 @@ void settle(QQuickWindow &window) {
 
 EveryPage::EveryPage(PageSession &session)
     : session_(session), panels_(QGuiApplication::primaryScreen()->size().height()) {
+    // So that what fades is there at once.
+    session.desktop.appearance.setReducesMotion(true);
     session.desktop.windows.trusted = false;
     session.accessibility().refresh();
     session.desktop.audio.add({.name = ofUser[0], .volume = 0.66F});
@@ -72,13 +77,49 @@ bool EveryPage::isOfUser(const QString &text) {
 }
 
 void EveryPage::visit(const Visitor &visitor) {
+    visitFirstRun(visitor);
+    visitNews(visitor);
     visitSettings(visitor);
     visitPopover(visitor);
     visitHistory(visitor);
 }
 
+void EveryPage::visitFirstRun(const Visitor &visitor) {
+    Onboarding flow(session_.appState(), session_.settings(), session_.accessibility(),
+                    session_.desktop.workspace, [] {});
+    const auto window = session_.views().makeWindow(
+        {.title = QStringLiteral("Welcome"),
+         .contentSize = {560, 480},
+         .page = {QUrl(QStringLiteral("qrc:/qt/qml/Pimloft/Ui/OnboardingView.qml")),
+                  {{QStringLiteral("flow"), QVariant::fromValue(&flow)}}}});
+    window->present();
+    for (const char *step : {"welcome", "modules", "permission", "ready"}) {
+        settle(*shownWindow());
+        visitor(step, *shownWindow());
+        if (flow.currentStep() == Onboarding::Permission)
+            flow.permission()->skip();
+        else
+            flow.next();
+    }
+    window->close();
+}
+
+void EveryPage::visitNews(const Visitor &visitor) {
+    WhatsNew news(QStringLiteral("1.0.0"), WhatsNew::currentFeatures(), session_.desktop.preferences, [] {});
+    const auto window =
+        session_.views().makeWindow({.title = QStringLiteral("What's New"),
+                                     .contentSize = {420, 400},
+                                     .page = {QUrl(QStringLiteral("qrc:/qt/qml/Pimloft/Ui/WhatsNewView.qml")),
+                                              {{QStringLiteral("news"), QVariant::fromValue(&news)}}}});
+    window->present();
+    settle(*shownWindow());
+    visitor("news", *shownWindow());
+    window->close();
+}
+
 void EveryPage::visitSettings(const Visitor &visitor) {
-    GeneralSettings general(session_.settings(), session_.accessibility(), session_.desktop.workspace);
+    GeneralSettings general(session_.settings(), session_.accessibility(), session_.updates(),
+                            session_.desktop.workspace);
     SettingsWindow settings(session_.views(), general.page(), session_.appState().allModules());
     settings.open();
     QQuickWindow *window = shownWindow();

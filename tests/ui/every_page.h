@@ -24,6 +24,8 @@ public:
     static bool isOfUser(const QString &text);
 
 private:
+    void visitFirstRun(const Visitor &visitor);
+    void visitNews(const Visitor &visitor);
     void visitSettings(const Visitor &visitor);
     void visitSheet(const Visitor &visitor);
     void visitPopover(const Visitor &visitor);

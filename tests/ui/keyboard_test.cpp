@@ -127,7 +127,7 @@ void walk(QAccessibleInterface *interface, const std::function<void(QAccessibleI
         walk(interface->child(index), visitor);
 }
 
-TEST(ScreenReader, isToldEveryTextOnce) {
+TEST(ScreenReader, isToldEveryText) {
     test::PageSession session;
     test::EveryPage pages(session);
     pages.visit([](const std::string &page, QQuickWindow &window) {
@@ -137,8 +137,8 @@ TEST(ScreenReader, isToldEveryTextOnce) {
         });
         const QString all = said.join(u'\n');
         for (const QString &text : test::texts(test::topmost(window)))
-            if (text != QLatin1String("·"))
-                EXPECT_TRUE(all.contains(text)) << page << " never says: " << text.toStdString();
+            EXPECT_TRUE(text == QLatin1String("·") || all.contains(text))
+                << page << " never says: " << text.toStdString();
     });
 }
 
