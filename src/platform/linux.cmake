@@ -92,3 +92,8 @@ pimloft_library(pimloft_platform_linux
         workspace/x11_workspace.cpp workspace/x11_workspace.h
     LINK pimloft_platform pimloft_x11_keys PkgConfig::XCB PkgConfig::GIO PkgConfig::PULSE Threads::Threads
         Qt6::Widgets Qt6::DBus Qt6::Network)
+
+# GIO's headers come before any of Qt's, whose keywords they use as names.
+set_source_files_properties(
+    loginitem/xdg_login_item.cpp workspace/default_programs.cpp workspace/desktop_entries.cpp
+    PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
