@@ -27,6 +27,8 @@ Rectangle {
     implicitHeight: content.implicitHeight + Theme.unit * 3
     radius: 6
     color: isSelected ? Qt.alpha(Theme.colors.accent, 0.15) : isHovered ? Qt.alpha(Theme.colors.secondaryText, 0.08) : "transparent"
+    border.width: isSelected && Theme.isHighContrast ? 2 : 0
+    border.color: Theme.colors.accent
     Accessible.role: Accessible.ListItem
     Accessible.name: preview
     Accessible.description: [sourceApp, time, characters].filter(part => part).join(", ")

@@ -55,7 +55,8 @@ public:
                    .hotkeys = hotkeys_,
                    .input = input_,
                    .activeWindow = activeWindow_,
-                   .compositor = compositor_}),
+                   .compositor = compositor_,
+                   .appearance = appearance_}),
           keys_(
               keyboard_, [this] { panels_.endTyping(); }, [this] { return chordInFront(); }),
           pasteboard_([this](ProcessId process) { return workspace_.bundleId(process); }),
