@@ -10,7 +10,7 @@ Item {
 
     anchors.fill: parent
     opacity: shown ? 1 : 0
-    visible: opacity > 0
+    visible: shown || opacity > 0
     enabled: shown
 
     Behavior on opacity {

@@ -57,7 +57,8 @@ protected:
 };
 
 TEST_F(FirstRunView, theWelcomeSaysThis) {
-    EXPECT_EQ(spoken(), "heading: Welcome to Pimloft\n"
+    EXPECT_EQ(spoken(), "window: Welcome\n"
+                        "heading: Welcome to Pimloft\n"
                         "text: Everything you miss from Windows, in one app.\n"
                         "text: Step 1 of 4\n"
                         "button: Next");
@@ -65,7 +66,8 @@ TEST_F(FirstRunView, theWelcomeSaysThis) {
 
 TEST_F(FirstRunView, theModulesSayThis) {
     click("Next");
-    EXPECT_EQ(spoken(), "heading: Choose Your Modules\n"
+    EXPECT_EQ(spoken(), "window: Welcome\n"
+                        "heading: Choose Your Modules\n"
                         "text: All modules are enabled by default. Disable any you don't need.\n"
                         "switch: WindowSnap [on]\n"
                         "switch: ClipboardPlus [on]\n"
@@ -83,7 +85,8 @@ TEST_F(FirstRunView, theModulesSayThis) {
 TEST_F(FirstRunView, thePermissionSaysThis) {
     flow.next();
     flow.next();
-    EXPECT_EQ(spoken(), "heading: Accessibility Permission Required\n"
+    EXPECT_EQ(spoken(), "window: Welcome\n"
+                        "heading: Accessibility Permission Required\n"
                         "text: Pimloft needs Accessibility access to manage windows, remap keys, and enhance "
                         "Finder. Your data stays completely private — nothing leaves your Mac.\n"
                         "list item: 1. Click the button below to open System Settings\n"
@@ -110,7 +113,8 @@ TEST_F(FirstRunView, theLastStepSaysThis) {
     flow.next();
     flow.next();
     flow.permission()->skip();
-    EXPECT_EQ(spoken(), "heading: You're All Set!\n"
+    EXPECT_EQ(spoken(), "window: Welcome\n"
+                        "heading: You're All Set!\n"
                         "text: Pimloft lives in your menu bar.\nClick the icon to access all features.\n"
                         "text: Look for this icon in your menu bar\n"
                         "text: Step 4 of 4\n"

@@ -33,6 +33,7 @@ protected:
 
 TEST_F(WhatsNewView, saysThis) {
     EXPECT_EQ(test::spoken(view).join(QLatin1Char('\n')).toStdString(),
+              "window: What's New\n"
               "heading: What's New in v1.2.3\n"
               "list item: WindowSnap: Windows 11-style drag-to-edge snapping with 6 layout presets\n"
               "list item: ClipboardPlus: Clipboard history with Cmd+Shift+V popup, search, and pinning\n"
