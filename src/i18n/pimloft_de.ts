@@ -207,6 +207,75 @@
     </message>
 </context>
 <context>
+    <name>FileTemplate</name>
+    <message>
+        <source>Text File</source>
+        <translation>Textdatei</translation>
+    </message>
+    <message>
+        <source>Markdown File</source>
+        <translation>Markdown-Datei</translation>
+    </message>
+    <message>
+        <source>HTML File</source>
+        <translation>HTML-Datei</translation>
+    </message>
+    <message>
+        <source>Python Script</source>
+        <translation>Python-Skript</translation>
+    </message>
+    <message>
+        <source>Shell Script</source>
+        <translation>Shell-Skript</translation>
+    </message>
+</context>
+<context>
+    <name>Files</name>
+    <message>
+        <source>A folder cannot be moved into itself.</source>
+        <translation>Ein Ordner kann nicht in sich selbst bewegt werden.</translation>
+    </message>
+</context>
+<context>
+    <name>FinderFixSettings</name>
+    <message>
+        <source>Cut &amp; Paste</source>
+        <translation>Ausschneiden &amp; Einfügen</translation>
+    </message>
+    <message>
+        <source>Cmd+X in Finder cuts selected files</source>
+        <translation>Cmd+X im Finder schneidet die gewählten Dateien aus</translation>
+    </message>
+    <message>
+        <source>Works across different Finder windows. Handles locked files, permission errors, and cross-volume moves automatically.</source>
+        <translation>Auch von einem Finder-Fenster in ein anderes. Gesperrte Dateien, fehlende Berechtigungen und andere Datenträger werden berücksichtigt.</translation>
+    </message>
+    <message>
+        <source>New File Templates</source>
+        <translation>Vorlagen für neue Dateien</translation>
+    </message>
+    <message>
+        <source>Open Templates Folder</source>
+        <translation>Vorlagenordner öffnen</translation>
+    </message>
+    <message>
+        <source>Add custom templates to this folder. They&apos;ll appear in the &quot;New File&quot; submenu.</source>
+        <translation>Legen Sie eigene Vorlagen in diesen Ordner. Sie erscheinen im Untermenü „Neue Datei“.</translation>
+    </message>
+    <message>
+        <source>Finder Extension</source>
+        <translation>Finder-Erweiterung</translation>
+    </message>
+    <message>
+        <source>The Finder Sync Extension must be enabled in System Settings for &quot;New File&quot; to appear in Finder&apos;s context menu.</source>
+        <translation>Damit „Neue Datei“ im Kontextmenü des Finders erscheint, muss die Finder-Erweiterung in den Systemeinstellungen eingeschaltet sein.</translation>
+    </message>
+    <message>
+        <source>Open Finder Extension Settings</source>
+        <translation>Einstellungen der Finder-Erweiterung öffnen</translation>
+    </message>
+</context>
+<context>
     <name>GeneralSettingsView</name>
     <message>
         <source>Startup</source>
@@ -952,6 +1021,25 @@ Ein Klick auf das Symbol öffnet alle Funktionen.</translation>
     <message>
         <source>Import Mappings</source>
         <translation>Belegungen importieren</translation>
+    </message>
+</context>
+<context>
+    <name>pimloft::MoveAlerts</name>
+    <message>
+        <source>Permission denied. The file may be locked or you may not have access.</source>
+        <translation>Zugriff verweigert. Die Datei ist vielleicht gesperrt, oder Ihnen fehlt die Berechtigung.</translation>
+    </message>
+    <message>
+        <source>Not enough disk space at the destination.</source>
+        <translation>Am Ziel ist nicht genug Speicherplatz frei.</translation>
+    </message>
+    <message>
+        <source>Could not move &quot;%1&quot;</source>
+        <translation>„%1“ konnte nicht bewegt werden</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
     </message>
 </context>
 <context>

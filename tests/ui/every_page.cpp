@@ -142,7 +142,7 @@ void EveryPage::visitSheet(const Visitor &visitor) {
     KeyMapperSettings &page = session_.appState().keyMapper()->pageModel();
     page.setPreset(0, true);
     // It comes with a fade.
-    QTest::qWaitFor([&] { return page.showConfirmation(); });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return page.showConfirmation(); }));
     settle(*shownWindow());
     visitor("confirmation", *shownWindow());
     page.revertPreset();

@@ -137,8 +137,9 @@ TEST(ScreenReader, isToldEveryText) {
         });
         const QString all = said.join(u'\n');
         for (const QString &text : test::texts(test::topmost(window)))
-            EXPECT_TRUE(text == QLatin1String("·") || all.contains(text))
-                << page << " never says: " << text.toStdString();
+            for (const QString &part : text.split(u'·', Qt::SkipEmptyParts))
+                EXPECT_TRUE(all.contains(part.trimmed()))
+                    << page << " never says: " << part.trimmed().toStdString();
     });
 }
 

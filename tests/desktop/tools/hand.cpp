@@ -86,14 +86,14 @@ private:
 
     xcb_window_t window() {
         const QString title = next();
-        if (!waitUntil([&] { return desktop_.window(title).has_value(); }, 15000))
+        if (!waitUntil([&] { return desktop_.window(title).has_value(); }, 60000))
             fail(QStringLiteral("no window ") + title);
         return *desktop_.window(title);
     }
 
     void waitForShortcuts() {
         const auto live = [&] { return desktop_.isKeyTaken(KEY_6, XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_4); };
-        if (!waitUntil(live, 15000))
+        if (!waitUntil(live, 60000))
             fail(QStringLiteral("Pimloft does not come up"));
     }
 
