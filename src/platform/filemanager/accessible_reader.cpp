@@ -10,12 +10,14 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace pimloft {
 
 namespace {
 
 constexpr char accessible[] = "org.a11y.atspi.Accessible";
+const QString connectionName = QStringLiteral("pimloft-accessibility");
 constexpr char root[] = "/org/a11y/atspi/accessible/root";
 
 /// A window of a file manager has about a hundred elements beside its files.
@@ -40,10 +42,6 @@ bool isTyped(AccessibleRole role) {
 std::uint64_t states(const QVariantList &answer) {
     const auto words = qdbus_cast<QList<uint>>(answer.value(0));
     return std::uint64_t(words.value(0)) | std::uint64_t(words.value(1)) << 32;
-}
-
-QDBusConnection connection(const QString &address) {
-    return QDBusConnection::connectToBus(address, QStringLiteral("pimloft-accessibility"));
 }
 
 }  // namespace
@@ -84,27 +82,35 @@ void AccessibleReader::connectToBus(std::function<void()> then) {
         then();
         return;
     }
+    waiting_.push_back(std::move(then));
+    if (std::exchange(isConnecting_, true))
+        return;
+    // Where no program has asked for that bus yet, it starts now.
     callBus(session_,
             {QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"), QStringLiteral("org.a11y.Bus"),
-             QStringLiteral("GetAddress")},
-            {}, this, [this, then = std::move(then)](const QDBusMessage &answer) {
+             QStringLiteral("GetAddress"), true},
+            {}, this, [this](const QDBusMessage &answer) {
                 const QString address = answer.arguments().value(0).toString();
-                if (answer.type() != QDBusMessage::ReplyMessage || address.isEmpty()) {
-                    then();
-                    return;
-                }
+                if (answer.type() != QDBusMessage::ReplyMessage || address.isEmpty())
+                    return connected();
                 // Making a connection waits for the bus.
                 inBackground(
                     this,
                     [address] {
-                        QDBusConnection::disconnectFromBus(QStringLiteral("pimloft-accessibility"));
-                        return connection(address);
+                        QDBusConnection::disconnectFromBus(connectionName);
+                        return QDBusConnection::connectToBus(address, connectionName);
                     },
-                    [this, then](const QDBusConnection &bus) {
+                    [this](const QDBusConnection &bus) {
                         bus_ = bus;
-                        then();
+                        connected();
                     });
             });
+}
+
+void AccessibleReader::connected() {
+    isConnecting_ = false;
+    for (const auto &then : std::exchange(waiting_, {}))
+        then();
 }
 
 void AccessibleReader::ask(const Shared &reading, const Element &element, const char *interface,

@@ -20,6 +20,11 @@ class AccessibleReader : public QObject {
 public:
     explicit AccessibleReader(QDBusConnection session);
 
+    /// Connects to that bus, so that the first reading has it. Programs may need a moment to come to it.
+    void prepare() {
+        connectToBus([] {});
+    }
+
     using Done = std::function<void(std::optional<AccessibleTree>)>;
 
     /// Reads what the process's active window consists of, but not what its lists and menus hold. `title`
@@ -37,6 +42,7 @@ private:
     using Shared = std::shared_ptr<Reading>;
 
     void connectToBus(std::function<void()> then);
+    void connected();
     void findProgram(const Shared &reading);
     void findWindow(const Shared &reading, const Element &program);
     void chooseWindow(const Shared &reading, const Elements &windows);
@@ -50,6 +56,8 @@ private:
     bool isCurrent(const Reading &reading) const;
 
     QDBusConnection session_;
+    bool isConnecting_ = false;
+    std::vector<std::function<void()>> waiting_;  ///< for the connection
     QDBusConnection bus_{QString()};
     std::uint64_t reading_ = 0;
 };

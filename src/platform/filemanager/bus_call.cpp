@@ -18,7 +18,7 @@ void callBus(const QDBusConnection &bus, const BusMethod &method, const QVariant
     QDBusMessage message =
         QDBusMessage::createMethodCall(method.service, method.path, method.interface, method.method);
     message.setArguments(arguments);
-    message.setAutoStartService(false);
+    message.setAutoStartService(method.mayStart);
     auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(message, timeout), context);
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, context, [watcher, done = std::move(done)] {
         watcher->deleteLater();

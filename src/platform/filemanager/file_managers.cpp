@@ -36,6 +36,8 @@ FileManagers::~FileManagers() {
 
 void FileManagers::askSelection(Done done) {
     stop();
+    // The next question is often for the folder to which the files go.
+    accessible_.prepare();
     done_ = std::move(done);
     const auto window = fileManagerInFront(surroundings_.session, surroundings_.isFileManager);
     if (!window || window->part == FileManagerWindow::Part::dialog)

@@ -58,8 +58,9 @@ void SelectionQuestion::copied(const CopiedContent &content) {
 
 /// Copying does nothing either where the keyboard is in a text in which nothing is selected.
 void SelectionQuestion::askWhatHasTheKeyboard(CopiedContent::Kind otherwise) {
-    if (window_.kind == FileManagerKind::pcmanfm) {
-        done_({otherwise});  // not one to ask
+    // The one does not tell, the other takes too long to.
+    if (window_.kind == FileManagerKind::pcmanfm || window_.kind == FileManagerKind::nautilus) {
+        done_({otherwise});
         return;
     }
     tools_.accessible.read(

@@ -37,10 +37,10 @@ protected:
     /// Makes a folder of that name in the home folder, with empty files in it.
     QString makeFolder(const QString &name, const std::vector<QByteArray> &files);
 
-    /// Opens the folder in a window, and waits until that is in front.
+    /// Opens the folder in a window of a manager that already shows another, and waits until that is in
+    /// front.
     xcb_window_t open(const FileManagerUnderTest &manager, const QString &folder);
     void bringToFront(xcb_window_t window);
-    /// Puts the keyboard to the files and selects all. Done again and again until the window shows them all.
     void selectAll();
     /// Clicks where no file is.
     void clickBesideFiles(xcb_window_t window);
@@ -53,7 +53,7 @@ protected:
     static QString finderSelection();
     static QString finderFolder();
     /// Selects all until the selection is this.
-    void expectAllSelected(const std::string &expected);
+    void expectAllSelected(const std::string &expected, int milliseconds = 30000);
     void expectSelection(const std::string &expected);
     void expectFolder(const QString &expected);
 
@@ -75,6 +75,8 @@ protected:
     XDesktop desktop_;
     PhysicalInput hands_;
     QString desktopFolder_;
+    bool startsElsewhere_ = false;
+    xcb_window_t openAnother(const FileManagerUnderTest &manager, const QString &folder);
     std::vector<xcb_window_t> opened_;
     std::vector<std::unique_ptr<QProcess>> programs_;
     double longest_ = 0;  ///< that a script took, in milliseconds

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/filemanager/path_bar.h"
 
+#include <QByteArrayList>
+#include <QStringList>
+
 #include <gtest/gtest.h>
 
 namespace pimloft {

@@ -12,7 +12,7 @@ namespace pimloft {
 namespace {
 
 FileManagerKind kindOf(const char *className, const char *instance = "") {
-    return fileManagerKind({.instance = QLatin1String(instance), .className = QLatin1String(className)});
+    return fileManagerKind({QLatin1String(instance), QLatin1String(className), {}});
 }
 
 TEST(FileManagerKind, isToldByTheClassOfTheWindow) {

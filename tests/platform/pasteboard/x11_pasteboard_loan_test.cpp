@@ -4,6 +4,7 @@
 #include "platform/pasteboard/paste_targets.h"
 
 #include <QMimeData>
+#include <QUrl>
 #include <QWidget>
 
 #include <unistd.h>
