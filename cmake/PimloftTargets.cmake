@@ -56,7 +56,12 @@ function(pimloft_test name)
         endif()
         add_dependencies(${label}_tests ${name})
     endforeach()
-    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)
+    # A sanitizer costs several times the time, and the machine may be a slow one.
+    set(timeout 120)
+    if(PIMLOFT_SANITIZE)
+        set(timeout 400)
+    endif()
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT ${timeout})
     # A list of labels does not survive the discovery.
     set(labels ${CMAKE_CURRENT_BINARY_DIR}/${name}_labels.cmake)
     file(WRITE ${labels} "if(${name}_TESTS)

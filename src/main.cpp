@@ -8,6 +8,9 @@
 #include "app/process.h"
 #include "app/settings_manager.h"
 #include "base/console.h"
+#include "finderfix/custom_templates.h"
+#include "finderfix/finder_fix_module.h"
+#include "finderfix/new_file_menu.h"
 #include "platform/instance/instance.h"
 #include "platform/signals/quit_signals.h"
 #include "ui/kit/theme.h"
@@ -58,6 +61,8 @@ int run(QApplication &application, Instance &instance, CommandLine::Action actio
     process.setViews(&views);
     AppDelegate delegate(SettingsManager::shared(), views, &AppState::shared);
     delegate.applicationDidFinishLaunching();
+    const NewFileMenu newFileMenu(*AppState::shared().finderFix(), CustomTemplates::shared(),
+                                  process.platform().templatesMenu);
     PimloftApp app(process, AppState::shared(), views);
     instance.onCommand = [&](InstanceCommand command) -> QString {
         switch (command) {

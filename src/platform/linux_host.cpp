@@ -9,6 +9,7 @@
 #include "platform/events/x11_key_tap.h"
 #include "platform/events/x11_mouse_watch.h"
 #include "platform/filemanager/file_managers.h"
+#include "platform/files/linux_files.h"
 #include "platform/hotkeys/x11_hotkeys.h"
 #include "platform/loginitem/xdg_login_item.h"
 #include "platform/panels/x11_panels.h"
@@ -18,6 +19,7 @@
 #include "platform/scripting/finder_scripts.h"
 #include "platform/scripting/linux_scripting.h"
 #include "platform/scripting/player_scripts.h"
+#include "platform/templates_menu/xdg_templates_menu.h"
 #include "platform/windows/x11_windows.h"
 #include "platform/workspace/x11_workspace.h"
 #include "platform/x11/x11_active_window.h"
@@ -66,7 +68,7 @@ public:
           keys_(
               keyboard_, [this] { panels_.endTyping(); }, [this] { return chordInFront(); }),
           pasteboard_([this](ProcessId process) { return workspace_.bundleId(process); }),
-          scripting_(scriptHandlers()) {}
+          scripting_(scriptHandlers()), templatesMenu_(dirs.support) {}
 
     Platform platform() override {
         return {.appearance = appearance_,
@@ -74,6 +76,7 @@ public:
                 .diagnosis = diagnosis_,
                 .dialogs = dialogs_,
                 .displays = displays_,
+                .files = files_,
                 .hotkeys = hotkeys_,
                 .keys = keys_,
                 .keyTap = keyTap_,
@@ -83,6 +86,7 @@ public:
                 .pasteboard = pasteboard_,
                 .preferences = preferences_,
                 .scripting = scripting_,
+                .templatesMenu = templatesMenu_,
                 .windows = windows_,
                 .workspace = workspace_};
     }
@@ -140,6 +144,9 @@ private:
     X11KeyPoster keys_;
     X11Pasteboard pasteboard_;
     LinuxScripting scripting_;
+    const FileCalls fileCalls_;
+    LinuxFiles files_{fileCalls_};
+    XdgTemplatesMenu templatesMenu_;
 };
 
 }  // namespace

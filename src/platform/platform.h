@@ -14,6 +14,7 @@ class AudioService;
 class DiagnosisService;
 class DialogService;
 class DisplayService;
+class FileService;
 class HotkeyService;
 class KeyPoster;
 class KeyTap;
@@ -23,6 +24,7 @@ class PanelService;
 class PasteboardService;
 class PreferencesService;
 class ScriptingService;
+class TemplatesMenuService;
 class WindowService;
 class WorkspaceService;
 
@@ -33,6 +35,7 @@ struct Platform {
     DiagnosisService &diagnosis;
     DialogService &dialogs;
     DisplayService &displays;
+    FileService &files;
     HotkeyService &hotkeys;
     KeyPoster &keys;
     KeyTap &keyTap;
@@ -42,6 +45,7 @@ struct Platform {
     PasteboardService &pasteboard;
     PreferencesService &preferences;
     ScriptingService &scripting;
+    TemplatesMenuService &templatesMenu;
     WindowService &windows;
     WorkspaceService &workspace;
 };

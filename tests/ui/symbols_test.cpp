@@ -38,7 +38,7 @@ std::pair<int, int> coverage(const QImage &image) {
 QSet<QString> namesInUse() {
     static const QRegularExpression name(QStringLiteral(
         "\"((?:square|rectangle|doc|folder|keyboard|speaker|gear|chevron|exclamationmark|checkmark|"
-        "arrow|lock|sparkles|delete|function|minus|timer|circle|app)(?:\\.[a-z0-9]+)*)\""));
+        "arrow|lock|sparkles|delete|function|minus|timer|circle|terminal|app)(?:\\.[a-z0-9]+)*)\""));
     QSet<QString> names;
     QDirIterator files(QStringLiteral(PIMLOFT_SOURCE_DIR "/src"),
                        {QStringLiteral("*.qml"), QStringLiteral("*.cpp")}, QDir::Files,
