@@ -71,6 +71,16 @@ FileManagerDesk::~FileManagerDesk() {
     });
 }
 
+void FileManagerDesk::TearDownTestSuite() {
+    for (auto &program : lasting()) {
+        program->terminate();
+        if (!program->waitForFinished(2000))
+            program->kill();
+        program->waitForFinished();
+    }
+    lasting().clear();
+}
+
 QString FileManagerDesk::makeFolder(const QString &name, const std::vector<QByteArray> &files) {
     const QString path = session().home() + QLatin1Char('/') + name;
     QDir().mkpath(path);

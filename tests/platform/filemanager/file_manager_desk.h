@@ -33,6 +33,7 @@ class FileManagerDesk : public testing::Test {
 protected:
     FileManagerDesk();
     ~FileManagerDesk() override;
+    static void TearDownTestSuite();
 
     /// Makes a folder of that name in the home folder, with empty files in it.
     QString makeFolder(const QString &name, const std::vector<QByteArray> &files);

@@ -21,6 +21,21 @@ class FileManagerTest : public test::FileManagerDesk,
 protected:
     xcb_window_t open(const QString &folder) { return FileManagerDesk::open(GetParam(), folder); }
 
+    /// What is selected while the user holds the hotkey that the question is asked by.
+    void expectSelectionWhileHeld(const std::string &expected) {
+        X11Hotkeys hotkeys(xSession_, keyboard_, input_);
+        int pressed = 0;
+        hotkeys.onPressed = [&pressed](HotkeyId) { ++pressed; };
+        ASSERT_TRUE(hotkeys.grant(Key::x, CarbonModifiers::command, HotkeyId(1)));
+        hands_.press(KEY_LEFTMETA);
+        hands_.press(KEY_X);
+        EXPECT_TRUE(waitUntil([&] { return pressed == 1; }));
+        expectSelection(expected);
+        hands_.release(KEY_X);
+        hands_.release(KEY_LEFTMETA);
+        EXPECT_TRUE(waitUntil([&] { return hands_.keysDown().isEmpty(); })) << "a key stays down";
+    }
+
     /// The paths of files in a folder, one per line.
     static std::string paths(const QString &folder, const std::vector<const char *> &names) {
         QStringList all;
@@ -136,25 +151,7 @@ public:
     KeyEvent filter(KeyEvent event, std::string_view, Instant) noexcept override { return event; }
 };
 
-/// The user holds the hotkey that the question is asked by.
-class FileManagerHotkeyTest : public FileManagerTest {
-protected:
-    void expectSelectionWhileHeld(const std::string &expected) {
-        X11Hotkeys hotkeys(xSession_, keyboard_, input_);
-        int pressed = 0;
-        hotkeys.onPressed = [&pressed](HotkeyId) { ++pressed; };
-        ASSERT_TRUE(hotkeys.grant(Key::x, CarbonModifiers::command, HotkeyId(1)));
-        hands_.press(KEY_LEFTMETA);
-        hands_.press(KEY_X);
-        EXPECT_TRUE(waitUntil([&] { return pressed == 1; }));
-        expectSelection(expected);
-        hands_.release(KEY_X);
-        hands_.release(KEY_LEFTMETA);
-        EXPECT_TRUE(waitUntil([&] { return hands_.keysDown().isEmpty(); })) << "a key stays down";
-    }
-};
-
-TEST_P(FileManagerHotkeyTest, doesNotNeedToLetGoOfIt) {
+TEST_P(FileManagerTest, answersWhileItsHotkeyIsHeld) {
     const QString folder = makeFolder(QStringLiteral("held"), {"a.txt", "b.txt"});
     open(folder);
     const std::string all = paths(folder, {"a.txt", "b.txt"});
@@ -162,7 +159,7 @@ TEST_P(FileManagerHotkeyTest, doesNotNeedToLetGoOfIt) {
     expectSelectionWhileHeld(all);
 }
 
-TEST_P(FileManagerHotkeyTest, mayHaveKeysRemapped) {
+TEST_P(FileManagerTest, answersWhileKeysAreRemapped) {
     const QString folder = makeFolder(QStringLiteral("tapped"), {"a.txt"});
     open(folder);
     const std::string all = paths(folder, {"a.txt"});
@@ -226,7 +223,6 @@ std::string managerName(const testing::TestParamInfo<FileManagerUnderTest> &info
     return info.param.name;
 }
 INSTANTIATE_TEST_SUITE_P(With, FileManagerTest, testing::ValuesIn(managers), managerName);
-INSTANTIATE_TEST_SUITE_P(With, FileManagerHotkeyTest, testing::ValuesIn(managers), managerName);
 
 }  // namespace
 }  // namespace pimloft
