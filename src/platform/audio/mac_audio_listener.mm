@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/audio/mac_audio_property.h"
 
+#include <Block.h>
 #include <CoreAudio/CoreAudio.h>
 #include <dispatch/dispatch.h>
 
