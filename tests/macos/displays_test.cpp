@@ -79,7 +79,9 @@ TEST_F(MacDisplaysTest, hearsNothingOnceItIsGone) {
     EXPECT_EQ(changes, 0);
 }
 
-TEST(MacNotices, letGoOfTheirHandler) {
+class MacNoticesTest : public MacTest {};
+
+TEST_F(MacNoticesTest, letGoOfTheirHandlers) {
     const auto probe = std::make_shared<int>();
     for (const auto kind : {MacNotice::Kind::screensChanged, MacNotice::Kind::applicationActivated,
                             MacNotice::Kind::sessionLeft, MacNotice::Kind::screensSlept}) {

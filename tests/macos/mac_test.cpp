@@ -20,7 +20,7 @@ namespace {
 [[maybe_unused]] const bool hasOwnFolder = qputenv("GNUSTEP_CONFIG_FILE", GNUSTEP_CONFIG);
 
 constexpr std::array ownedClasses{"PimloftPanel", "PimloftAppearanceObserver", "FakeScript", "FakeMonitor",
-                                  "NSView"};
+                                  "FakeToken", "NSView"};
 
 std::string leftovers() {
     std::string text;
@@ -37,6 +37,8 @@ MacTest::MacTest() {
 }
 
 MacTest::~MacTest() {
+    // What the system itself keeps is its own.
+    mac::resetPreferences();
     EXPECT_EQ(mac::problems(), "");
     EXPECT_EQ(mac::liveObjects(), 0) << "objects of the C frameworks that nobody has released";
     EXPECT_EQ(mac::registrations(), 0) << "observers and monitors that are still registered";

@@ -57,7 +57,7 @@ QIcon MacWorkspace::fileIcon(const QString &path) {
 }
 
 bool MacWorkspace::open(const QUrl &url) {
-    return openLink(url.toString(QUrl::FullyEncoded).toStdString());
+    return url.isValid() && openLink(url.toString(QUrl::FullyEncoded).toStdString());
 }
 
 void MacWorkspace::reveal(const QString &path) {

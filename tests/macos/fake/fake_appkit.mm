@@ -22,6 +22,7 @@ struct Observer {
 };
 std::vector<Observer> observers;
 std::vector<id> monitors;
+std::vector<id> tokens;  ///< owned, as a centre owns them
 
 void post(NSNotificationCenter *center, NSString *name) {
     @autoreleasepool {
@@ -94,14 +95,16 @@ void sleepScreens() {
 }
 
 int registrations() {
-    return int(observers.size() + monitors.size());
+    return int(observers.size() + monitors.size() + tokens.size());
 }
 
 int liveInstances(const std::string &className) {
-    Class known = NSClassFromString(nsString(className));
-    if (!known)
-        complain("no such class: " + className);
-    return GSDebugAllocationCount(known);
+    @autoreleasepool {
+        Class known = NSClassFromString(nsString(className));
+        if (!known)
+            complain("no such class: " + className);
+        return GSDebugAllocationCount(known);
+    }
 }
 
 }  // namespace pimloft::test::mac
@@ -116,6 +119,49 @@ NSString *const NSWorkspaceScreensDidSleepNotification = @"NSWorkspaceScreensDid
 NSAppearanceName const NSAppearanceNameAqua = @"NSAppearanceNameAqua";
 NSAppearanceName const NSAppearanceNameDarkAqua = @"NSAppearanceNameDarkAqua";
 }
+
+/// What an observation with a block is known by. GNUstep's own is never let go.
+@interface FakeToken : NSObject {
+  @public
+    void (^block_)(NSNotification *);
+}
+- (void)take:(NSNotification *)notice;
+@end
+
+@implementation FakeToken
+- (void)take:(NSNotification *)notice {
+    block_(notice);
+}
+
+- (void)dealloc {
+    Block_release(block_);
+    [super dealloc];
+}
+@end
+
+@implementation NSNotificationCenter (Owning)
+- (id)addObserverForName:(NSString *)name
+                  object:(id)object
+                   queue:(NSOperationQueue *)queue
+              usingBlock:(void (^)(NSNotification *))block {
+    if (!name || queue)
+        complain("addObserverForName: for everything, or later");
+    FakeToken *token = [FakeToken new];
+    token->block_ = Block_copy(block);
+    tokens.push_back(token);
+    [self addObserver:token selector:@selector(take:) name:name object:object];
+    return [[token retain] autorelease];
+}
+
+- (void)removeObserver:(id)observer {
+    [self removeObserver:observer name:nil object:nil];
+    const auto found = std::find(tokens.begin(), tokens.end(), observer);
+    if (found == tokens.end())
+        return;
+    tokens.erase(found);
+    [observer release];
+}
+@end
 
 @implementation NSAppearance
 - (NSAppearanceName)bestMatchFromAppearancesWithNames:(NSArray *)names {
