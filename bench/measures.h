@@ -32,4 +32,7 @@ void measureKeyTap(Table &table, Extent extent);
 /// How long a change of the volume is on its way, and what looking for players costs.
 void measureSound(Table &table, Extent extent);
 
+/// The same of CopyQ, where it is installed.
+void measureCopyQ(Table &table, Extent extent);
+
 }  // namespace pimloft::bench

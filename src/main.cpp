@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "app/accessibility_manager.h"
 #include "app/app_delegate.h"
 #include "app/app_state.h"
 #include "app/bundle_info.h"
@@ -8,6 +9,10 @@
 #include "app/process.h"
 #include "app/settings_manager.h"
 #include "base/console.h"
+#include "finderfix/custom_templates.h"
+#include "finderfix/finder_fix_module.h"
+#include "finderfix/new_file_menu.h"
+#include "i18n/translations.h"
 #include "platform/instance/instance.h"
 #include "platform/signals/quit_signals.h"
 #include "ui/kit/theme.h"
@@ -56,8 +61,14 @@ int run(QApplication &application, Instance &instance, CommandLine::Action actio
 
     QuickViewHost views(process.platform().displays, Theme::shared());
     process.setViews(&views);
-    AppDelegate delegate(SettingsManager::shared(), views, &AppState::shared);
+    AppDelegate delegate({.settings = SettingsManager::shared(),
+                          .accessibility = AccessibilityManager::shared(),
+                          .workspace = process.platform().workspace,
+                          .views = views},
+                         &AppState::shared);
     delegate.applicationDidFinishLaunching();
+    const NewFileMenu newFileMenu(*AppState::shared().finderFix(), CustomTemplates::shared(),
+                                  process.platform().templatesMenu);
     PimloftApp app(process, AppState::shared(), views);
     instance.onCommand = [&](InstanceCommand command) -> QString {
         switch (command) {
@@ -102,12 +113,14 @@ int start(int argc, char **argv, CommandLine::Action action) {
     if (const auto reason = prepareDesktop())
         return complain(*reason);
     QApplication application(argc, argv);
+    const Translations translations(QLocale::system());
+    QGuiApplication::setLayoutDirection(Translations::direction(QLocale::system()));
     // What users copy may be broken; that is no failure of ours to report.
     QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio.warning=false\n"
                                                     "qt.imageformats.tiff.warning=false"));
     QApplication::setApplicationName(QStringLiteral("pimloft"));
     QApplication::setApplicationVersion(appVersion());
-    QApplication::setDesktopFileName(QStringLiteral("pimloft"));
+    QApplication::setDesktopFileName(QStringLiteral("app.pimloft.Pimloft"));
 
     const QString runtime = hostDirs(QProcessEnvironment::systemEnvironment()).runtime;
     const QString login = qEnvironmentVariable("DISPLAY");

@@ -59,6 +59,16 @@ pimloft_library(pimloft_platform_linux
         events/x11_key_tap.cpp events/x11_key_tap.h
         events/x11_mouse_watch.cpp events/x11_mouse_watch.h
         events/x11_tap_keys.cpp events/x11_tap_keys.h
+        files/copied_entry.h
+        files/descriptor.h
+        files/file_calls.cpp files/file_calls.h
+        files/file_content.cpp files/file_content.h
+        files/file_metadata.cpp
+        files/linux_files.cpp files/linux_files.h
+        files/no_replace_rename.cpp files/no_replace_rename.h
+        files/staged_tree.cpp files/staged_tree.h
+        files/tree_copy.cpp files/tree_copy.h
+        files/tree_removal.cpp files/tree_removal.h
         hotkeys/x11_hotkeys.cpp hotkeys/x11_hotkeys.h
         instance/instance_on_bus.cpp instance/instance_on_bus.h
         instance/linux_instance.cpp
@@ -78,6 +88,9 @@ pimloft_library(pimloft_platform_linux
         scripting/mpris_player.h
         scripting/mpris_players.cpp scripting/mpris_players.h
         scripting/player_scripts.cpp scripting/player_scripts.h
+        templates_menu/template_entries.cpp templates_menu/template_entries.h
+        templates_menu/template_record.cpp templates_menu/template_record.h
+        templates_menu/xdg_templates_menu.cpp templates_menu/xdg_templates_menu.h
         windows/x11_placement.cpp windows/x11_placement.h
         windows/x11_windows.cpp windows/x11_windows.h
         workspace/default_programs.cpp workspace/default_programs.h
@@ -93,3 +106,8 @@ pimloft_library(pimloft_platform_linux
         workspace/x11_workspace.cpp workspace/x11_workspace.h
     LINK pimloft_platform pimloft_x11_keys PkgConfig::XCB PkgConfig::GIO PkgConfig::PULSE Threads::Threads
         Qt6::Widgets Qt6::DBus Qt6::Network)
+
+# GIO's headers come before any of Qt's, whose keywords they use as names.
+set_source_files_properties(
+    loginitem/xdg_login_item.cpp workspace/default_programs.cpp workspace/desktop_entries.cpp
+    PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)

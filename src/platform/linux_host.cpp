@@ -8,6 +8,7 @@
 #include "platform/events/x11_key_poster.h"
 #include "platform/events/x11_key_tap.h"
 #include "platform/events/x11_mouse_watch.h"
+#include "platform/files/linux_files.h"
 #include "platform/hotkeys/x11_hotkeys.h"
 #include "platform/loginitem/xdg_login_item.h"
 #include "platform/panels/x11_panels.h"
@@ -16,6 +17,7 @@
 #include "platform/preferences/json_preferences.h"
 #include "platform/scripting/linux_scripting.h"
 #include "platform/scripting/player_scripts.h"
+#include "platform/templates_menu/xdg_templates_menu.h"
 #include "platform/windows/x11_windows.h"
 #include "platform/workspace/x11_workspace.h"
 #include "platform/x11/x11_active_window.h"
@@ -53,11 +55,12 @@ public:
                    .hotkeys = hotkeys_,
                    .input = input_,
                    .activeWindow = activeWindow_,
-                   .compositor = compositor_}),
+                   .compositor = compositor_,
+                   .appearance = appearance_}),
           keys_(
               keyboard_, [this] { panels_.endTyping(); }, [this] { return chordInFront(); }),
           pasteboard_([this](ProcessId process) { return workspace_.bundleId(process); }),
-          scripting_(scriptHandlers()) {}
+          scripting_(scriptHandlers()), templatesMenu_(dirs.support) {}
 
     Platform platform() override {
         return {.appearance = appearance_,
@@ -65,6 +68,7 @@ public:
                 .diagnosis = diagnosis_,
                 .dialogs = dialogs_,
                 .displays = displays_,
+                .files = files_,
                 .hotkeys = hotkeys_,
                 .keys = keys_,
                 .keyTap = keyTap_,
@@ -74,6 +78,7 @@ public:
                 .pasteboard = pasteboard_,
                 .preferences = preferences_,
                 .scripting = scripting_,
+                .templatesMenu = templatesMenu_,
                 .windows = windows_,
                 .workspace = workspace_};
     }
@@ -118,6 +123,9 @@ private:
     X11KeyPoster keys_;
     X11Pasteboard pasteboard_;
     LinuxScripting scripting_;
+    const FileCalls fileCalls_;
+    LinuxFiles files_{fileCalls_};
+    XdgTemplatesMenu templatesMenu_;
 };
 
 }  // namespace

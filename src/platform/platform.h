@@ -16,6 +16,7 @@ class AudioService;
 class DiagnosisService;
 class DialogService;
 class DisplayService;
+class FileService;
 class HotkeyService;
 class KeyPoster;
 class KeyTap;
@@ -25,6 +26,7 @@ class PanelService;
 class PasteboardService;
 class PreferencesService;
 class ScriptingService;
+class TemplatesMenuService;
 class WindowService;
 class WorkspaceService;
 
@@ -35,6 +37,7 @@ struct Platform {
     DiagnosisService &diagnosis;
     DialogService &dialogs;
     DisplayService &displays;
+    FileService &files;
     HotkeyService &hotkeys;
     KeyPoster &keys;
     KeyTap &keyTap;
@@ -44,6 +47,7 @@ struct Platform {
     PasteboardService &pasteboard;
     PreferencesService &preferences;
     ScriptingService &scripting;
+    TemplatesMenuService &templatesMenu;
     WindowService &windows;
     WorkspaceService &workspace;
 };

@@ -20,7 +20,7 @@ namespace pimloft {
 
 namespace {
 
-constexpr std::chrono::seconds patience{5};
+constexpr std::chrono::seconds connectPatience{5};
 constexpr qint64 longestRequest = 64;
 constexpr int mostClients = 16;
 
@@ -125,7 +125,7 @@ void LocalInstance::acceptClients() {
         connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
         connect(socket, &QLocalSocket::readyRead, this, [this, socket] { readRequest(socket); });
         socket->setReadBufferSize(longestRequest);
-        QTimer::singleShot(patience, socket, [socket] { socket->abort(); });
+        QTimer::singleShot(connectPatience, socket, [socket] { socket->abort(); });
         readRequest(socket);
     }
 }
@@ -154,7 +154,7 @@ void LocalInstance::answer(QLocalSocket *socket, InstanceCommand command) {
 }
 
 std::optional<QString> askInstance(const QString &runtime, const QString &login, InstanceCommand command) {
-    const QDeadlineTimer deadline(patience);
+    const QDeadlineTimer deadline(connectPatience);
     QLocalSocket socket;
     if (!connectTo(socket, InstancePaths(runtime, login), deadline))
         return std::nullopt;

@@ -12,7 +12,7 @@ namespace {
 using namespace std::chrono_literals;
 
 /// How long another program may take to answer; the answer is given within 2 s.
-constexpr auto patience = 1900ms;
+constexpr auto readPatience = 1900ms;
 
 /// By this programs mark what is to be kept out of histories.
 constexpr char secretMark[] = "x-kde-passwordManagerHint";
@@ -94,7 +94,7 @@ void X11Pasteboard::ask(SelectionQuery query, QObject *context, Done done) {
     deadline->setSingleShot(true);
     deadline->setTimerType(Qt::PreciseTimer);
     QObject::connect(deadline.get(), &QTimer::timeout, &answers_, [this, id] { giveUp(id); });
-    deadline->start(patience);
+    deadline->start(readPatience);
     pending_.emplace(id, Question{context, std::move(done), std::move(deadline)});
     selection_.ask(std::move(query));
 }
