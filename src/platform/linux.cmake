@@ -88,6 +88,7 @@ pimloft_library(pimloft_platform_linux
         files/tree_removal.cpp files/tree_removal.h
         hotkeys/x11_hotkeys.cpp hotkeys/x11_hotkeys.h
         instance/instance_on_bus.cpp instance/instance_on_bus.h
+        instance/linux_instance.cpp
         instance/local_instance.cpp instance/local_instance.h
         loginitem/xdg_login_item.cpp loginitem/xdg_login_item.h
         panels/x11_overlay.cpp panels/x11_overlay.h

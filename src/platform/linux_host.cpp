@@ -167,6 +167,10 @@ std::optional<QString> prepareDesktop() {
                : QStringLiteral("pimloft: the X display %1 does not answer").arg(display);
 }
 
+Dirs hostDirs(const QProcessEnvironment &environment) {
+    return Dirs::fromEnvironment(environment);
+}
+
 std::unique_ptr<Host> createHost(const Dirs &dirs) {
     return std::make_unique<LinuxHost>(dirs);
 }
