@@ -3,7 +3,6 @@
 
 #include "app/accessibility_manager.h"
 #include "app/process.h"
-#include "app/settings_manager.h"
 #include "clipboard/clipboard_module.h"
 #include "finderfix/finder_fix_module.h"
 #include "keymapper/key_mapper_module.h"
@@ -15,10 +14,9 @@ namespace pimloft {
 namespace {
 
 AppState::Modules makeModules() {
-    SettingsManager &settings = SettingsManager::shared();
     return {.windowSnap = WindowSnapModule::create(),
             .clipboardPlus = ClipboardModule::create(),
-            .finderFix = std::make_unique<FinderFixModule>(settings),
+            .finderFix = FinderFixModule::create(),
             .keyMapper = KeyMapperModule::create(),
             .quickVolume = QuickVolumeModule::create()};
 }

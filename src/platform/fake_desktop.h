@@ -7,6 +7,7 @@
 #include "platform/dialogs/fake_dialogs.h"
 #include "platform/displays/fake_displays.h"
 #include "platform/events/fake_events.h"
+#include "platform/files/fake_files.h"
 #include "platform/hotkeys/fake_hotkeys.h"
 #include "platform/loginitem/fake_login_item.h"
 #include "platform/panels/fake_panels.h"
@@ -14,6 +15,7 @@
 #include "platform/platform.h"
 #include "platform/preferences/fake_preferences.h"
 #include "platform/scripting/fake_scripting.h"
+#include "platform/templates_menu/fake_templates_menu.h"
 #include "platform/windows/fake_windows.h"
 #include "platform/workspace/fake_workspace.h"
 
@@ -29,6 +31,7 @@ public:
     FakeDiagnosis diagnosis;
     FakeDialogs dialogs{log_};
     FakeDisplays displays;
+    FakeFiles files;
     FakeHotkeys hotkeys{log_};
     FakeKeyPoster keys{log_};
     FakeKeyTap keyTap{log_};
@@ -38,6 +41,7 @@ public:
     FakePasteboard pasteboard{log_};
     FakePreferences preferences{log_};
     FakeScripting scripting{log_};
+    FakeTemplatesMenu templatesMenu{log_};
     FakeWindows windows{log_};
     FakeWorkspace workspace{log_};
 
@@ -47,6 +51,7 @@ public:
                 .diagnosis = diagnosis,
                 .dialogs = dialogs,
                 .displays = displays,
+                .files = files,
                 .hotkeys = hotkeys,
                 .keys = keys,
                 .keyTap = keyTap,
@@ -56,6 +61,7 @@ public:
                 .pasteboard = pasteboard,
                 .preferences = preferences,
                 .scripting = scripting,
+                .templatesMenu = templatesMenu,
                 .windows = windows,
                 .workspace = workspace};
     }

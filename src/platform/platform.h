@@ -6,6 +6,8 @@
 #include <memory>
 #include <optional>
 
+class QProcessEnvironment;
+
 namespace pimloft {
 
 struct Dirs;
@@ -14,6 +16,7 @@ class AudioService;
 class DiagnosisService;
 class DialogService;
 class DisplayService;
+class FileService;
 class HotkeyService;
 class KeyPoster;
 class KeyTap;
@@ -23,6 +26,7 @@ class PanelService;
 class PasteboardService;
 class PreferencesService;
 class ScriptingService;
+class TemplatesMenuService;
 class WindowService;
 class WorkspaceService;
 
@@ -33,6 +37,7 @@ struct Platform {
     DiagnosisService &diagnosis;
     DialogService &dialogs;
     DisplayService &displays;
+    FileService &files;
     HotkeyService &hotkeys;
     KeyPoster &keys;
     KeyTap &keyTap;
@@ -42,6 +47,7 @@ struct Platform {
     PasteboardService &pasteboard;
     PreferencesService &preferences;
     ScriptingService &scripting;
+    TemplatesMenuService &templatesMenu;
     WindowService &windows;
     WorkspaceService &workspace;
 };
@@ -56,6 +62,9 @@ public:
 /// To be called before the QApplication is made: chooses how it talks to the desktop. Answers why it cannot
 /// be made at all, in a sentence for the user, or nothing.
 std::optional<QString> prepareDesktop();
+
+/// Where this system keeps what belongs to this user's Pimloft. Creates nothing; needs a QCoreApplication.
+Dirs hostDirs(const QProcessEnvironment &environment);
 
 /// To be called once, with the QApplication in place. Never fails: what the desktop lacks is refused by the
 /// service that needs it.
