@@ -19,7 +19,7 @@ constexpr struct {
     {"start", measureStart},         {"rest", measureRest},       {"drag", measureDrag},
     {"placement", measurePlacement}, {"keytap", measureKeyTap},   {"pasteboard", measurePasteboard},
     {"popup", measurePopup},         {"history", measureHistory}, {"rules", measureRules},
-    {"sound", measureSound},
+    {"sound", measureSound},         {"moves", measureMoves},
 };
 
 }  // namespace
@@ -34,7 +34,7 @@ int main(int argc, char **argv) {
                       QStringLiteral("folder"), QStringLiteral("bench")});
     parser.addPositionalArgument(QStringLiteral("name"),
                                  QStringLiteral("start, rest, drag, placement, keytap, pasteboard, popup, "
-                                                "history, rules, sound; all without one"),
+                                                "history, rules, sound, moves; all without one"),
                                  QStringLiteral("[name...]"));
     parser.process(application);
     const QStringList wanted = parser.positionalArguments();

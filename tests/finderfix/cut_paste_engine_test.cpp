@@ -93,8 +93,7 @@ protected:
     /// What is on the clipboard.
     std::string copied() {
         std::string result;
-        desktop.pasteboard.read(desktop.pasteboard.changeCount(), {PasteType::fileUrls}, 1 << 20,
-                                &desktop.appearance,
+        desktop.pasteboard.read(desktop.pasteboard.changeCount(), {PasteType::fileUrls}, 1 << 20, &hotkeys,
                                 [&](const PasteData &data) { result = data.bytes.toStdString(); });
         desktop.pasteboard.answer();
         return result;
