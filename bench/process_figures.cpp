@@ -32,6 +32,16 @@ Memory memoryOf(pid_t process) {
             (valueOf(file, "Private_Clean:") + valueOf(file, "Private_Dirty:")) / kilobytes};
 }
 
+std::vector<pid_t> childrenOf(pid_t process) {
+    std::vector<pid_t> children;
+    for (const auto &thread : std::filesystem::directory_iterator(folder(process) + "/task")) {
+        std::ifstream stream(thread.path() / "children");
+        for (pid_t child = 0; stream >> child;)
+            children.push_back(child);
+    }
+    return children;
+}
+
 double peakMemory() {
     constexpr double bytesPerKilobyte = 1024;
     return valueOf("/proc/self/status", "VmHWM:") * bytesPerKilobyte / 1e6;

@@ -3,6 +3,8 @@
 
 #include <sys/types.h>
 
+#include <vector>
+
 /// What the kernel knows of a process. Any thread; a process that is gone has zeros.
 namespace pimloft::bench {
 
@@ -12,6 +14,9 @@ struct Memory {
     double privately;     ///< MB, what ending the process would give back
 };
 Memory memoryOf(pid_t process);
+
+/// The processes that it started and that are still there.
+std::vector<pid_t> childrenOf(pid_t process);
 
 /// The most memory that this process itself had in place since `forgetPeak`, in MB.
 double peakMemory();

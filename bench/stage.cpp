@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "stage.h"
 
+#include "desktop/support/first_run.h"
+
 namespace pimloft::bench {
 
 using namespace test;
@@ -8,6 +10,7 @@ using namespace test;
 Stage::Stage()
     : session({.windowManager = QStringLiteral("openbox"), .serverArguments = {}}),
       desktop(session.display()) {
+    test::skipFirstRun(session);
 }
 
 Stage::~Stage() {

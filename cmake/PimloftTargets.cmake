@@ -27,11 +27,16 @@ function(pimloft_library name)
     qt_extract_metatypes(${name})
 endfunction()
 
+option(PIMLOFT_QML_AHEAD "Compile the pages ahead of time: off for quicker builds while working on them" ON)
+if(NOT PIMLOFT_QML_AHEAD)
+    set(qml_options NO_CACHEGEN)
+endif()
+
 # pimloft_qml_library(name URI uri QML_FILES ... SOURCES ... LINK ... DEPENDENCIES ...): a static library with a QML module.
 function(pimloft_qml_library name)
     cmake_parse_arguments(ARG "" "URI" "QML_FILES;SOURCES;LINK;RESOURCES;DEPENDENCIES" ${ARGN})
     qt_add_library(${name} STATIC)
-    qt_add_qml_module(${name} URI ${ARG_URI} VERSION 1.0 RESOURCE_PREFIX /qt/qml DEPENDENCIES QtQuick ${ARG_DEPENDENCIES}
+    qt_add_qml_module(${name} URI ${ARG_URI} VERSION 1.0 RESOURCE_PREFIX /qt/qml DEPENDENCIES QtQuick ${ARG_DEPENDENCIES} ${qml_options}
         QML_FILES ${ARG_QML_FILES} SOURCES ${ARG_SOURCES} RESOURCES ${ARG_RESOURCES})
     target_link_libraries(${name} PUBLIC pimloft_options ${ARG_LINK})
 endfunction()
@@ -56,7 +61,13 @@ function(pimloft_test name)
         endif()
         add_dependencies(${label}_tests ${name})
     endforeach()
-    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)
+    # A sanitizer costs several times the time, and the machine may be a slow one.
+    set(timeout 120)
+    if(PIMLOFT_SANITIZE)
+        set(timeout 400)
+    endif()
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT ${timeout}
+        ENVIRONMENT "TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/thread-sanitizer-exceptions.txt")
     # A list of labels does not survive the discovery.
     set(labels ${CMAKE_CURRENT_BINARY_DIR}/${name}_labels.cmake)
     file(WRITE ${labels} "if(${name}_TESTS)

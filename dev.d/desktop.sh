@@ -2,8 +2,9 @@
 # shellcheck shell=bash
 # A small desktop of its own on a virtual display. To be sourced; needs bash.
 #
-#   desktop_start SIZE SCALE LOOK   "1280x800", 1 or 2, "light" or "dark"; sets DISPLAY, HOME and the like
-#   desktop_look LOOK               changes between light and dark while it runs
+#   desktop_start SIZE SCALE LOOK   "1280x800", 1 or 2, "light", "dark", "contrast" or "contrast-dark"; sets DISPLAY,
+#                                   HOME and the like
+#   desktop_look LOOK               changes it while it runs
 #   desktop_compositor on|off
 #   desktop_end                     ends everything that was started here; a trap does so too
 #
@@ -80,8 +81,13 @@ desktop_end() {
 }
 
 write_settings() {
-    local theme=Adwaita
-    [ "$1" = dark ] && theme=Adwaita-dark
+    local theme
+    case $1 in
+    light) theme=Adwaita ;;
+    dark) theme=Adwaita-dark ;;
+    contrast) theme=HighContrast ;;
+    contrast-dark) theme=HighContrastInverse ;;
+    esac
     cat >"$desktop_home/xsettingsd.conf" <<TEXT
 Net/ThemeName "$theme"
 Net/IconThemeName "Adwaita"
@@ -96,7 +102,7 @@ TEXT
 
 write_window_theme() {
     local bar='#f1f1f3' text='#303034' idle='#8d8d93' line='#c9c9ce'
-    [ "$1" = dark ] && bar='#2d2d32' text='#ececf0' idle='#85858c' line='#111114'
+    [[ $1 = *dark ]] && bar='#2d2d32' text='#ececf0' idle='#85858c' line='#111114'
     local folder=$HOME/.themes/Loft/openbox-3
     mkdir -p "$folder" "$XDG_CONFIG_HOME/openbox"
     cat >"$folder/themerc" <<TEXT
@@ -132,7 +138,7 @@ TEXT
 
 write_panel() {
     local bar='#f7f7f8 92' text='#26262a 100'
-    [ "$1" = dark ] && bar='#1b1b1f 92' text='#ececf0 100'
+    [[ $1 = *dark ]] && bar='#1b1b1f 92' text='#ececf0 100'
     cat >"$desktop_home/tint2rc" <<TEXT
 rounded = 0
 border_width = 0
@@ -169,7 +175,7 @@ TEXT
 }
 
 paint_wallpaper() {
-    if [ "$1" = dark ]; then
+    if [[ $1 = *dark ]]; then
         spawn hsetroot -add '#0d1526' -add '#1d3a5f' -add '#3b2f63' -gradient 215
     else
         spawn hsetroot -add '#5b8def' -add '#8fb8f6' -add '#f3d9d2' -gradient 215
@@ -256,7 +262,7 @@ start_sound() {
 # Programs that a visitor finds in it. Sizes are in points.
 desktop_programs() {
     local background='#fbfbfd' foreground='#26262a'
-    [ "$1" = dark ] && background='#1a1b20' foreground='#dcdce2'
+    [[ $1 = *dark ]] && background='#1a1b20' foreground='#dcdce2'
     pushd "$HOME" >/dev/null || return
     spawn xterm -T Terminal -fa 'DejaVu Sans Mono' -fs $((10 * desktop_scale)) -bg "$background" -fg "$foreground" \
         -b $((8 * desktop_scale)) -geometry "72x18+$((90 * desktop_scale))+$((110 * desktop_scale))" \

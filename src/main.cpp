@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "app/accessibility_manager.h"
 #include "app/app_delegate.h"
 #include "app/app_state.h"
 #include "app/bundle_info.h"
@@ -11,6 +12,7 @@
 #include "finderfix/custom_templates.h"
 #include "finderfix/finder_fix_module.h"
 #include "finderfix/new_file_menu.h"
+#include "i18n/translations.h"
 #include "platform/instance/instance.h"
 #include "platform/signals/quit_signals.h"
 #include "ui/kit/theme.h"
@@ -53,13 +55,17 @@ QString doctorText() {
 /// The running program, from start-up to quit.
 int run(QApplication &application, Instance &instance, CommandLine::Action action) {
     const SystemClock clock;
-    const Dirs dirs = Dirs::fromEnvironment(QProcessEnvironment::systemEnvironment());
+    const Dirs dirs = hostDirs(QProcessEnvironment::systemEnvironment());
     const std::unique_ptr<Host> host = createHost(dirs);
     Process process(host->platform(), clock, dirs);
 
     QuickViewHost views(process.platform().displays, Theme::shared());
     process.setViews(&views);
-    AppDelegate delegate(SettingsManager::shared(), views, &AppState::shared);
+    AppDelegate delegate({.settings = SettingsManager::shared(),
+                          .accessibility = AccessibilityManager::shared(),
+                          .workspace = process.platform().workspace,
+                          .views = views},
+                         &AppState::shared);
     delegate.applicationDidFinishLaunching();
     const NewFileMenu newFileMenu(*AppState::shared().finderFix(), CustomTemplates::shared(),
                                   process.platform().templatesMenu);
@@ -94,7 +100,7 @@ int run(QApplication &application, Instance &instance, CommandLine::Action actio
 /// What this desktop would grant, while no instance is running that could tell.
 int diagnose() {
     const SystemClock clock;
-    const Dirs dirs = Dirs::fromEnvironment(QProcessEnvironment::systemEnvironment());
+    const Dirs dirs = hostDirs(QProcessEnvironment::systemEnvironment());
     const std::unique_ptr<Host> host = createHost(dirs);
     Process process(host->platform(), clock, dirs);
     AppState::shared().activateEnabledModules();
@@ -107,14 +113,16 @@ int start(int argc, char **argv, CommandLine::Action action) {
     if (const auto reason = prepareDesktop())
         return complain(*reason);
     QApplication application(argc, argv);
+    const Translations translations(QLocale::system());
+    QGuiApplication::setLayoutDirection(Translations::direction(QLocale::system()));
     // What users copy may be broken; that is no failure of ours to report.
     QLoggingCategory::setFilterRules(QStringLiteral("qt.gui.imageio.warning=false\n"
                                                     "qt.imageformats.tiff.warning=false"));
     QApplication::setApplicationName(QStringLiteral("pimloft"));
     QApplication::setApplicationVersion(appVersion());
-    QApplication::setDesktopFileName(QStringLiteral("pimloft"));
+    QApplication::setDesktopFileName(QStringLiteral("app.pimloft.Pimloft"));
 
-    const QString runtime = Dirs::fromEnvironment(QProcessEnvironment::systemEnvironment()).runtime;
+    const QString runtime = hostDirs(QProcessEnvironment::systemEnvironment()).runtime;
     const QString login = qEnvironmentVariable("DISPLAY");
     const auto ask = [&] {
         const auto answer = askInstance(runtime, login, instanceCommand(action));

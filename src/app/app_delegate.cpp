@@ -3,8 +3,10 @@
 
 #include "app/app_state.h"
 #include "app/bundle_info.h"
+#include "app/onboarding.h"
 #include "app/settings_keys.h"
 #include "app/settings_manager.h"
+#include "app/whats_new.h"
 #include "platform/preferences/preferences.h"
 
 #include <QGuiApplication>
@@ -18,8 +20,9 @@ const QUrl whatsNewView = QUrl(QStringLiteral("qrc:/qt/qml/Pimloft/Ui/WhatsNewVi
 
 }  // namespace
 
-AppDelegate::AppDelegate(SettingsManager &settings, ViewHost &views, std::function<AppState &()> appState)
-    : settings_(settings), views_(views), appState_(std::move(appState)) {
+AppDelegate::AppDelegate(const Collaborators &collaborators, std::function<AppState &()> appState)
+    : settings_(collaborators.settings), accessibility_(collaborators.accessibility),
+      workspace_(collaborators.workspace), views_(collaborators.views), appState_(std::move(appState)) {
 }
 
 AppDelegate::~AppDelegate() = default;
@@ -28,36 +31,30 @@ void AppDelegate::applicationDidFinishLaunching() {
     // The program lives in the menu bar: it goes on when its last window is closed.
     QGuiApplication::setQuitOnLastWindowClosed(false);
 
-    const Page onboarding{onboardingView,
-                          {{QStringLiteral("delegate"), QVariant::fromValue<QObject *>(this)}}};
-    if (!settings_.defaults().flag(SettingsKeys::hasCompletedOnboarding) && views_.offers(onboarding)) {
-        showOnboarding(onboarding);
+    if (!settings_.defaults().flag(SettingsKeys::hasCompletedOnboarding) &&
+        views_.offers({onboardingView, {}})) {
+        showOnboarding();
         return;
     }
     appState_().activateEnabledModules();
 
-    const Page whatsNew{whatsNewView,
-                        {{QStringLiteral("delegate"), QVariant::fromValue<QObject *>(this)},
-                         {QStringLiteral("version"), appVersion()}}};
-    if (hasNews() && views_.offers(whatsNew))
-        showWhatsNew(whatsNew);
+    const QString version = appVersion();
+    if (WhatsNew::shouldShow(version, settings_.defaults()) && views_.offers({whatsNewView, {}}))
+        showWhatsNew(version);
 }
 
 void AppDelegate::applicationWillTerminate() {
     appState_().deactivateModules();
 }
 
-bool AppDelegate::hasNews() const {
-    return settings_.defaults().text(SettingsKeys::lastSeenVersion) != appVersion();
-}
-
-void AppDelegate::showOnboarding(const Page &page) {
-    Page withModules = page;
-    withModules.properties[QStringLiteral("appState")] = QVariant::fromValue<QObject *>(&appState_());
-    onboardingWindow_ = views_.makeWindow({.title = tr("Welcome to Pimloft"),
-                                           .contentSize = {560, 480},
-                                           .isFloating = true,
-                                           .page = withModules});
+void AppDelegate::showOnboarding() {
+    onboarding_ = std::make_unique<Onboarding>(appState_(), settings_, accessibility_, workspace_,
+                                               [this] { completeOnboarding(); });
+    onboardingWindow_ = views_.makeWindow(
+        {.title = tr("Welcome to Pimloft"),
+         .contentSize = {560, 480},
+         .isFloating = true,
+         .page = {onboardingView, {{QStringLiteral("flow"), QVariant::fromValue(onboarding_.get())}}}});
     onboardingWindow_->present();
 }
 
@@ -67,15 +64,20 @@ void AppDelegate::releaseLater(std::unique_ptr<ViewWindow> window) {
 }
 
 void AppDelegate::completeOnboarding() {
-    // The view that calls is in this window: it goes when the call is over.
+    // The view whose button was pressed is in this window: it goes when that is over.
     if (onboardingWindow_)
         onboardingWindow_->close();
     releaseLater(std::move(onboardingWindow_));
     appState_().activateEnabledModules();
 }
 
-void AppDelegate::showWhatsNew(const Page &page) {
-    whatsNewWindow_ = views_.makeWindow({.title = tr("What's New"), .contentSize = {420, 400}, .page = page});
+void AppDelegate::showWhatsNew(const QString &version) {
+    whatsNew_ = std::make_unique<WhatsNew>(version, WhatsNew::currentFeatures(), settings_.defaults(),
+                                           [this] { dismissWhatsNew(); });
+    whatsNewWindow_ = views_.makeWindow(
+        {.title = tr("What's New"),
+         .contentSize = {420, 400},
+         .page = {whatsNewView, {{QStringLiteral("news"), QVariant::fromValue(whatsNew_.get())}}}});
     whatsNewWindow_->present();
 }
 

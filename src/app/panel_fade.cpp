@@ -30,7 +30,7 @@ void PanelFade::run(Panel &panel, double target, std::chrono::milliseconds durat
                     const QEasingCurve &curve) {
     transition_.run(duration, curve, [this, &panel, start = opacity_, target](double progress) {
         opacity_ = std::lerp(start, target, progress);
-        panel.setOpacity(panels_.blends() ? opacity_ : target);
+        panel.setOpacity(panels_.blends() && !panels_.reducesMotion() ? opacity_ : target);
     });
 }
 

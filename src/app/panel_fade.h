@@ -8,8 +8,8 @@ namespace pimloft {
 class Panel;
 class PanelService;
 
-/// Fades a panel in and out. Where the desktop cannot blend windows it appears and disappears at once, and
-/// the fades take their time all the same. Main thread.
+/// Fades a panel in and out. Where the desktop cannot blend windows, or the user wants no motion, it appears
+/// and disappears at once, and the fades take their time all the same. Main thread.
 ///
 /// The panel outlives its fades; destroying this ends a running one without its completion.
 class PanelFade {

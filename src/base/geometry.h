@@ -4,6 +4,8 @@
 #include <QPointF>
 #include <QRectF>
 
+#include <algorithm>
+
 /// Edges of rectangles in a space whose y grows upwards, where QRectF::top() would be the lower edge.
 /// Pure; any thread.
 namespace pimloft {
@@ -25,6 +27,13 @@ inline double midY(const QRectF &rect) {
 }
 inline double maxY(const QRectF &rect) {
     return rect.y() + rect.height();
+}
+
+/// How far a point is from a rectangle, squared; zero inside.
+inline double squaredDistance(QPointF point, const QRectF &rect) {
+    const double x = std::clamp(point.x(), minX(rect), maxX(rect)) - point.x();
+    const double y = std::clamp(point.y(), minY(rect), maxY(rect)) - point.y();
+    return x * x + y * y;
 }
 
 /// Mirrors a rectangle between a top-left and a bottom-left origin; `height` is the primary display's.

@@ -27,6 +27,8 @@ Rectangle {
     implicitHeight: content.implicitHeight + Theme.unit * 3
     radius: 6
     color: isSelected ? Qt.alpha(Theme.colors.accent, 0.15) : isHovered ? Qt.alpha(Theme.colors.secondaryText, 0.08) : "transparent"
+    border.width: isSelected && Theme.isHighContrast ? 2 : 0
+    border.color: Theme.colors.accent
     Accessible.role: Accessible.ListItem
     Accessible.name: preview
     Accessible.description: [sourceApp, time, characters].filter(part => part).join(", ")
@@ -63,40 +65,49 @@ Rectangle {
                 color: Theme.colors.secondaryText
                 visible: row.symbol.length > 0
             }
-            IconItem {
+            Loader {
                 anchors.fill: parent
-                icon: row.fileIcon
-                visible: row.symbol.length === 0
+                active: row.symbol.length === 0
+                sourceComponent: IconItem {
+                    icon: row.fileIcon
+                }
             }
         }
         ColumnLayout {
             Layout.fillWidth: true
             spacing: Theme.unit
 
-            Rectangle {
-                implicitWidth: picture.implicitWidth || 72
-                implicitHeight: 48
-                radius: 6
-                color: picture.implicitWidth > 0 ? "transparent" : Theme.colors.unlit
-                border.width: 1
-                border.color: Theme.colors.outline
-                visible: row.isImage
+            // What a row does not show it does not have: the popup is to be there at once.
+            Loader {
+                active: row.isImage
+                visible: active
+                sourceComponent: Rectangle {
+                    implicitWidth: picture.implicitWidth || 72
+                    implicitHeight: 48
+                    radius: 6
+                    color: picture.implicitWidth > 0 ? "transparent" : Theme.colors.unlit
+                    border.width: 1
+                    border.color: Theme.colors.outline
 
-                Picture {
-                    id: picture
-                    anchors.fill: parent
-                    image: row.thumbnail
-                    radius: parent.radius
+                    Picture {
+                        id: picture
+                        anchors.fill: parent
+                        image: row.thumbnail
+                        radius: parent.radius
+                    }
                 }
             }
-            Label {
+            Loader {
                 Layout.fillWidth: true
-                text: row.preview
-                font: Theme.callout
-                wrapMode: Text.Wrap
-                maximumLineCount: 2
-                visible: !row.isImage
-                silent: true
+                active: !row.isImage
+                visible: active
+                sourceComponent: Label {
+                    text: row.preview
+                    font: Theme.callout
+                    wrapMode: Text.Wrap
+                    maximumLineCount: 2
+                    silent: true
+                }
             }
             RowLayout {
                 Layout.fillWidth: true
@@ -110,56 +121,44 @@ Rectangle {
                     color: Theme.colors.secondaryText
                     silent: true
                 }
-                Repeater {
-                    model: [row.time, row.characters].filter(part => part)
-
-                    RowLayout {
-                        id: part
-                        required property string modelData
-                        spacing: Theme.unit * 1.25
-
-                        Label {
-                            text: "·"
-                            font: Theme.caption
-                            color: Theme.colors.secondaryText
-                            silent: true
-                        }
-                        Label {
-                            text: part.modelData
-                            font: Theme.caption
-                            color: Theme.colors.secondaryText
-                            silent: true
-                        }
-                    }
-                }
-                Item {
+                Label {
                     Layout.fillWidth: true
+                    text: [row.time, row.characters].filter(part => part).map(part => "·  " + part).join("  ")
+                    font: Theme.caption
+                    color: Theme.colors.secondaryText
+                    silent: true
                 }
             }
         }
-        Symbol {
-            name: "pin.fill"
-            size: Math.round(Theme.symbolSize * 0.78)
-            color: Theme.colors.pinned
-            visible: row.isPinned
-        }
-        RowLayout {
-            spacing: 0
-            visible: row.isHovered
-
-            SymbolButton {
-                symbol: "pin.fill"
+        Loader {
+            active: row.isPinned
+            visible: active
+            sourceComponent: Symbol {
+                name: "pin.fill"
                 size: Math.round(Theme.symbolSize * 0.78)
-                text: row.isPinned ? qsTr("Unpin") : qsTr("Pin")
-                focusPolicy: Qt.NoFocus
-                onClicked: row.pinToggled()
+                color: Theme.colors.pinned
             }
-            SymbolButton {
-                symbol: "trash"
-                size: Math.round(Theme.symbolSize * 0.78)
-                text: qsTr("Delete")
-                focusPolicy: Qt.NoFocus
-                onClicked: row.deleted()
+        }
+        Loader {
+            active: row.isHovered
+            visible: active
+            sourceComponent: RowLayout {
+                spacing: 0
+
+                SymbolButton {
+                    symbol: "pin.fill"
+                    size: Math.round(Theme.symbolSize * 0.78)
+                    text: row.isPinned ? qsTr("Unpin") : qsTr("Pin")
+                    focusPolicy: Qt.NoFocus
+                    onClicked: row.pinToggled()
+                }
+                SymbolButton {
+                    symbol: "trash"
+                    size: Math.round(Theme.symbolSize * 0.78)
+                    text: qsTr("Delete")
+                    focusPolicy: Qt.NoFocus
+                    onClicked: row.deleted()
+                }
             }
         }
     }

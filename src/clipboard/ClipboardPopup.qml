@@ -51,6 +51,8 @@ FloatingFrame {
                 spacing: 2
                 clip: true
                 reuseItems: true
+                // Rows beyond the edges are not made ahead of time: that work would come before the next frame.
+                cacheBuffer: 0
                 keyNavigationEnabled: false
                 boundsBehavior: Flickable.StopAtBounds
                 model: view.popup.entries

@@ -25,7 +25,7 @@ QString ClipboardPopup::emptyText() const {
 }
 
 QString ClipboardPopup::countText() const {
-    return tr("%1 items").arg(store_.items().size());
+    return tr("%n items", nullptr, int(store_.items().size()));
 }
 
 void ClipboardPopup::select(int row) {

@@ -13,6 +13,13 @@
 
 namespace pimloft {
 
+namespace {
+
+/// Bytes of a history file that are read within a few milliseconds.
+constexpr qint64 shortHistory = 2 << 20;
+
+}  // namespace
+
 ClipboardStore &ClipboardStore::shared() {
     return Process::current().shared<ClipboardStore>([](Process &process) {
         return std::make_unique<ClipboardStore>(SettingsManager::shared().defaults(), process.dirs().support);
@@ -27,6 +34,7 @@ ClipboardStore::ClipboardStore(PreferencesService &defaults, const QString &supp
 }
 
 void ClipboardStore::add(const ClipboardItem &item) {
+    awaitHistory();
     if (!items_.empty() && items_.front().content == item.content)
         return;
     // Not by reference: it may be one of those that go.
@@ -40,6 +48,7 @@ void ClipboardStore::add(const ClipboardItem &item) {
 }
 
 void ClipboardStore::togglePin(const ClipboardItem &item) {
+    awaitHistory();
     const auto found = std::find(items_.begin(), items_.end(), item);
     if (found == items_.end())
         return;
@@ -50,12 +59,14 @@ void ClipboardStore::togglePin(const ClipboardItem &item) {
 }
 
 void ClipboardStore::remove(const ClipboardItem &item) {
+    awaitHistory();
     if (removeWhere([id = item.id](const ClipboardItem &each) { return each.id == id; }))
         emit itemsChanged();
     saveToDisk();
 }
 
 void ClipboardStore::removeAll() {
+    awaitHistory();
     if (removeWhere([](const ClipboardItem &each) { return !each.isPinned; }))
         emit itemsChanged();
     saveToDisk();
@@ -98,6 +109,11 @@ void ClipboardStore::forgetThumbnails() {
     thumbnails_.keepOnly(ids);
 }
 
+const std::vector<ClipboardItem> &ClipboardStore::items() const {
+    awaitHistory();
+    return items_;
+}
+
 void ClipboardStore::setSearchQuery(const QString &query) {
     if (searchQuery_ == query)
         return;
@@ -106,6 +122,7 @@ void ClipboardStore::setSearchQuery(const QString &query) {
 }
 
 std::vector<const ClipboardItem *> ClipboardStore::filteredItems() const {
+    awaitHistory();
     const QString query = searchQuery_.toLower();
     std::vector<const ClipboardItem *> found;
     for (std::size_t index = 0; index < items_.size(); ++index)
@@ -123,7 +140,7 @@ bool ClipboardStore::matches(std::size_t index, const QString &lowerCaseQuery) c
 
 const QString &ClipboardStore::preview(std::size_t index) const {
     const ClipboardItem &item = items_[index];
-    const Derived &derived = derived_[index];
+    Derived &derived = derived_[index];
     if (!derived.preview) {
         derived.preview = workOutPreview(item);
         derived.searchablePreview = derived.preview->toLower();
@@ -133,6 +150,7 @@ const QString &ClipboardStore::preview(std::size_t index) const {
 }
 
 QString ClipboardStore::preview(const ClipboardItem &item) const {
+    awaitHistory();
     const auto found = std::find(items_.begin(), items_.end(), item);
     return found == items_.end() ? item.preview() : preview(std::size_t(found - items_.begin()));
 }
@@ -152,7 +170,7 @@ void ClipboardStore::judgePicture(const QUuid &id) {
         std::find_if(items_.begin(), items_.end(), [&](const ClipboardItem &each) { return each.id == id; });
     if (found == items_.end())
         return;
-    const Derived &derived = derived_[std::size_t(found - items_.begin())];
+    Derived &derived = derived_[std::size_t(found - items_.begin())];
     if (!derived.preview)
         return;
     const QString before = *std::exchange(derived.preview, std::nullopt);
@@ -161,6 +179,7 @@ void ClipboardStore::judgePicture(const QUuid &id) {
 }
 
 void ClipboardStore::saveToDisk() {
+    awaitHistory();
     const auto entry = [this](std::size_t index) -> HistoryFile::Entry {
         return {items_[index], derived_[index].place};
     };
@@ -169,9 +188,34 @@ void ClipboardStore::saveToDisk() {
 }
 
 void ClipboardStore::loadFromDisk() {
-    if (const auto failure = file_.load(items_))
-        printLine(QStringLiteral("ClipboardStore: Failed to load: ") + *failure);
+    if (file_.size() <= shortHistory)
+        return take(readFile());
+    loading_ = std::async(std::launch::async, [this] {
+        Loaded loaded = readFile();
+        // A failure is to be told even if nobody asks for an entry.
+        QMetaObject::invokeMethod(
+            this, [this] { awaitHistory(); }, Qt::QueuedConnection);
+        return loaded;
+    });
+}
+
+/// Any thread.
+ClipboardStore::Loaded ClipboardStore::readFile() const {
+    Loaded loaded;
+    loaded.failure = file_.load(loaded.items);
+    return loaded;
+}
+
+void ClipboardStore::take(Loaded loaded) const {
+    if (loaded.failure)
+        printLine(QStringLiteral("ClipboardStore: Failed to load: ") + *loaded.failure);
+    items_ = std::move(loaded.items);
     derived_.resize(items_.size());
+}
+
+void ClipboardStore::awaitHistory() const {
+    if (loading_.valid())
+        take(loading_.get());
 }
 
 }  // namespace pimloft

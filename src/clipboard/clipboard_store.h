@@ -8,6 +8,7 @@
 #include <QObject>
 
 #include <functional>
+#include <future>
 #include <vector>
 
 namespace pimloft {
@@ -23,7 +24,8 @@ class ClipboardStore : public QObject {
 
 public:
     static ClipboardStore &shared();
-    /// Reads the history that an earlier run left in `supportFolder`, which is made if need be.
+    /// Reads the history that an earlier run left in `supportFolder`, which is made if need be. A long one is
+    /// read on a thread; whoever asks for entries before that has ended waits for it.
     ClipboardStore(PreferencesService &defaults, const QString &supportFolder);
 
     /// Records a new copy on top, unless the newest entry holds the same. Unpinned entries with the same
@@ -37,7 +39,7 @@ public:
     /// Writes the whole history.
     void saveToDisk();
 
-    const std::vector<ClipboardItem> &items() const { return items_; }
+    const std::vector<ClipboardItem> &items() const;
 
     const QString &searchQuery() const { return searchQuery_; }
     void setSearchQuery(const QString &query);
@@ -62,11 +64,19 @@ private:
     struct Derived {
         HistoryPlace place;  ///< unknown once the entry has changed
         /// The rest is made when it is first asked for.
-        mutable std::optional<QString> preview;
-        mutable QString searchablePreview;  ///< in lower case, as the next
-        mutable QString searchableSource;
+        std::optional<QString> preview;
+        QString searchablePreview;  ///< in lower case, as the next
+        QString searchableSource;
+    };
+    struct Loaded {
+        std::vector<ClipboardItem> items;
+        std::optional<QString> failure;
     };
     void loadFromDisk();
+    Loaded readFile() const;
+    void take(Loaded loaded) const;
+    /// Comes before any use of the entries.
+    void awaitHistory() const;
     void enforceMaxItems();
     /// Answers whether any entry went.
     bool removeWhere(const std::function<bool(const ClipboardItem &)> &goes);
@@ -78,8 +88,9 @@ private:
 
     PreferencesService &defaults_;
     HistoryFile file_;
-    std::vector<ClipboardItem> items_;
-    std::vector<Derived> derived_;  ///< one for each entry, in their order
+    mutable std::vector<ClipboardItem> items_;
+    mutable std::vector<Derived> derived_;  ///< one for each entry, in their order
+    mutable std::future<Loaded> loading_;   ///< invalid once the entries are there
     QString searchQuery_;
     mutable Thumbnails thumbnails_;
 };

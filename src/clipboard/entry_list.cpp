@@ -49,7 +49,7 @@ std::vector<ClipboardItem> copied(const Wanted &wanted) {
 
 QString lengthText(const ClipboardItem &item) {
     const auto *text = std::get_if<TextContent>(&item.content);
-    return text ? EntryList::tr("%1 chars").arg(characterCount(text->string)) : QString();
+    return text ? EntryList::tr("%n chars", nullptr, int(characterCount(text->string))) : QString();
 }
 
 }  // namespace

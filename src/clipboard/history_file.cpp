@@ -7,6 +7,7 @@
 #include "clipboard/history_reader.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <cerrno>
 #include <fcntl.h>
@@ -155,6 +156,10 @@ std::optional<HistoryFile::Fingerprint> HistoryFile::fingerprint(int descriptor)
         return std::nullopt;
     return Fingerprint{status.st_dev, status.st_ino, status.st_size, nanoseconds(status.st_mtim),
                        nanoseconds(status.st_ctim)};
+}
+
+qint64 HistoryFile::size() const {
+    return QFileInfo(path_).size();
 }
 
 std::optional<QString> HistoryFile::load(std::vector<ClipboardItem> &items) const {

@@ -39,8 +39,10 @@ public:
     /// Replaces the file by these many entries. On failure the file is as it was, and the answer says why.
     std::optional<QString> save(std::size_t count, const EntryAt &entry);
 
+    /// Bytes; zero when there is no file.
+    qint64 size() const;
     /// Replaces `items` by the file's entries, unless there is no file. On failure `items` is as it was, and
-    /// the answer says why.
+    /// the answer says why. Any thread, while nothing is saved.
     std::optional<QString> load(std::vector<ClipboardItem> &items) const;
 
 private:

@@ -20,26 +20,26 @@ struct Unit {
 };
 
 constexpr Unit years{
-    QT_TRANSLATE_NOOP("RelativeTime", "%1 yr. ago"), QT_TRANSLATE_NOOP("RelativeTime", "%1 yr. ago"),
-    QT_TRANSLATE_NOOP("RelativeTime", "in %1 yr."), QT_TRANSLATE_NOOP("RelativeTime", "in %1 yr.")};
+    QT_TRANSLATE_N_NOOP("RelativeTime", "%n yr. ago"), QT_TRANSLATE_N_NOOP("RelativeTime", "%n yr. ago"),
+    QT_TRANSLATE_N_NOOP("RelativeTime", "in %n yr."), QT_TRANSLATE_N_NOOP("RelativeTime", "in %n yr.")};
 constexpr Unit months{
-    QT_TRANSLATE_NOOP("RelativeTime", "%1 mo. ago"), QT_TRANSLATE_NOOP("RelativeTime", "%1 mo. ago"),
-    QT_TRANSLATE_NOOP("RelativeTime", "in %1 mo."), QT_TRANSLATE_NOOP("RelativeTime", "in %1 mo.")};
+    QT_TRANSLATE_N_NOOP("RelativeTime", "%n mo. ago"), QT_TRANSLATE_N_NOOP("RelativeTime", "%n mo. ago"),
+    QT_TRANSLATE_N_NOOP("RelativeTime", "in %n mo."), QT_TRANSLATE_N_NOOP("RelativeTime", "in %n mo.")};
 constexpr Unit weeks{
-    QT_TRANSLATE_NOOP("RelativeTime", "%1 wk. ago"), QT_TRANSLATE_NOOP("RelativeTime", "%1 wk. ago"),
-    QT_TRANSLATE_NOOP("RelativeTime", "in %1 wk."), QT_TRANSLATE_NOOP("RelativeTime", "in %1 wk.")};
+    QT_TRANSLATE_N_NOOP("RelativeTime", "%n wk. ago"), QT_TRANSLATE_N_NOOP("RelativeTime", "%n wk. ago"),
+    QT_TRANSLATE_N_NOOP("RelativeTime", "in %n wk."), QT_TRANSLATE_N_NOOP("RelativeTime", "in %n wk.")};
 constexpr Unit days{
-    QT_TRANSLATE_NOOP("RelativeTime", "%1 day ago"), QT_TRANSLATE_NOOP("RelativeTime", "%1 days ago"),
-    QT_TRANSLATE_NOOP("RelativeTime", "in %1 day"), QT_TRANSLATE_NOOP("RelativeTime", "in %1 days")};
+    QT_TRANSLATE_N_NOOP("RelativeTime", "%n day ago"), QT_TRANSLATE_N_NOOP("RelativeTime", "%n days ago"),
+    QT_TRANSLATE_N_NOOP("RelativeTime", "in %n day"), QT_TRANSLATE_N_NOOP("RelativeTime", "in %n days")};
 constexpr Unit hours{
-    QT_TRANSLATE_NOOP("RelativeTime", "%1 hr. ago"), QT_TRANSLATE_NOOP("RelativeTime", "%1 hr. ago"),
-    QT_TRANSLATE_NOOP("RelativeTime", "in %1 hr."), QT_TRANSLATE_NOOP("RelativeTime", "in %1 hr.")};
+    QT_TRANSLATE_N_NOOP("RelativeTime", "%n hr. ago"), QT_TRANSLATE_N_NOOP("RelativeTime", "%n hr. ago"),
+    QT_TRANSLATE_N_NOOP("RelativeTime", "in %n hr."), QT_TRANSLATE_N_NOOP("RelativeTime", "in %n hr.")};
 constexpr Unit minutes{
-    QT_TRANSLATE_NOOP("RelativeTime", "%1 min. ago"), QT_TRANSLATE_NOOP("RelativeTime", "%1 min. ago"),
-    QT_TRANSLATE_NOOP("RelativeTime", "in %1 min."), QT_TRANSLATE_NOOP("RelativeTime", "in %1 min.")};
+    QT_TRANSLATE_N_NOOP("RelativeTime", "%n min. ago"), QT_TRANSLATE_N_NOOP("RelativeTime", "%n min. ago"),
+    QT_TRANSLATE_N_NOOP("RelativeTime", "in %n min."), QT_TRANSLATE_N_NOOP("RelativeTime", "in %n min.")};
 constexpr Unit seconds{
-    QT_TRANSLATE_NOOP("RelativeTime", "%1 sec. ago"), QT_TRANSLATE_NOOP("RelativeTime", "%1 sec. ago"),
-    QT_TRANSLATE_NOOP("RelativeTime", "in %1 sec."), QT_TRANSLATE_NOOP("RelativeTime", "in %1 sec.")};
+    QT_TRANSLATE_N_NOOP("RelativeTime", "%n sec. ago"), QT_TRANSLATE_N_NOOP("RelativeTime", "%n sec. ago"),
+    QT_TRANSLATE_N_NOOP("RelativeTime", "in %n sec."), QT_TRANSLATE_N_NOOP("RelativeTime", "in %n sec.")};
 
 /// Units that always take as long.
 struct Span {
@@ -60,7 +60,7 @@ qint64 wholeMonths(const QDateTime &earlier, const QDateTime &later) {
 QString said(const Unit &unit, qint64 count, bool isPast) {
     const char *text =
         isPast ? (count == 1 ? unit.oneAgo : unit.someAgo) : (count == 1 ? unit.inOne : unit.inSome);
-    return QCoreApplication::translate(context, text).arg(count);
+    return QCoreApplication::translate(context, text, nullptr, int(count));
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ using namespace std::chrono_literals;
 constexpr std::array protectedShortcuts{Key::tab, Key::space, Key::q};
 
 /// Where Control has a meaning that must not move.
-constexpr std::array<std::string_view, 4> terminals{
+constexpr std::array<std::string_view, 4> terminalIds{
     "com.apple.Terminal",
     "com.googlecode.iterm2",
     "net.kovidgoyal.kitty",
@@ -58,7 +58,7 @@ KeyEvent KeyRemapFilter::filter(KeyEvent event, std::string_view frontmost, Inst
 std::optional<KeyFlags> KeyRemapFilter::swapped(const KeyEvent &event, std::string_view frontmost) const {
     const bool control = contains(event.flags, KeyFlags::control);
     const bool command = contains(event.flags, KeyFlags::command);
-    if (!windowsMode_ || control == command || has(terminals, frontmost))
+    if (!windowsMode_ || control == command || has(terminalIds, frontmost))
         return std::nullopt;
     if (control)
         return (event.flags - KeyFlags::control) | KeyFlags::command;

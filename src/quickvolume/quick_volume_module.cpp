@@ -23,7 +23,7 @@ QuickVolumeModule::QuickVolumeModule(SettingsManager &settings, AudioEngine &eng
     : PimloftModule({.id = QStringLiteral("quickvolume"),
                      .name = QStringLiteral("QuickVolume"),
                      .icon = QStringLiteral("speaker.wave.3"),
-                     .description = QStringLiteral("Per-app volume mixer in your menu bar"),
+                     .description = tr("Per-app volume mixer in your menu bar"),
                      .requiresAccessibility = false},
                     settings),
       engine_(engine), mixer_(engine) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "quickvolume/volume_display.h"
 
+#include <QCoreApplication>
+
 namespace pimloft {
 
 QString systemVolumeSymbol(float volume, bool muted) {
@@ -16,7 +18,7 @@ QString systemVolumeSymbol(float volume, bool muted) {
 }
 
 QString volumeText(float volume) {
-    return QStringLiteral("%1%").arg(int(volume * 100));
+    return QCoreApplication::translate("VolumeDisplay", "%1%").arg(int(volume * 100));
 }
 
 }  // namespace pimloft

@@ -8,6 +8,7 @@ Page {
 
     required property GeneralSettings model
     readonly property bool granted: model.accessibility.isAccessibilityGranted
+    readonly property bool updateIsKnown: model.updateManager.updateAvailable && model.updateManager.latestVersion !== undefined
 
     Section {
         title: qsTr("Startup")
@@ -34,6 +35,30 @@ Page {
         }
         Caption {
             text: qsTr("WindowSnap, KeyMapper, and FinderFix require Accessibility permission to function.")
+        }
+    }
+
+    Section {
+        title: qsTr("Updates")
+
+        StatusRow {
+            visible: page.updateIsKnown
+            symbol: "arrow.down.circle.fill"
+            text: qsTr("v%1 available").arg(page.model.updateManager.latestVersion)
+
+            PushButton {
+                text: qsTr("Download Update")
+                prominent: true
+                onClicked: page.model.updateManager.downloadUpdate()
+            }
+        }
+        Divider {
+            visible: page.updateIsKnown
+        }
+        ButtonRow {
+            text: page.updateIsKnown ? "" : qsTr("Up to date")
+            buttonText: page.model.updateManager.isCheckingForUpdates ? qsTr("Checking...") : qsTr("Check Now")
+            onClicked: page.model.updateManager.checkForUpdatesNow()
         }
     }
 

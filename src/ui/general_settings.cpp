@@ -8,8 +8,9 @@
 namespace pimloft {
 
 GeneralSettings::GeneralSettings(SettingsManager &settings, AccessibilityManager &accessibility,
-                                 WorkspaceService &workspace)
-    : settings_(settings), accessibility_(accessibility), workspace_(workspace) {
+                                 UpdateManager &updateManager, WorkspaceService &workspace)
+    : settings_(settings), accessibility_(accessibility), updateManager_(updateManager),
+      workspace_(workspace) {
 }
 
 Page GeneralSettings::page() {

@@ -7,6 +7,7 @@ namespace pimloft {
 
 class AccessibilityManager;
 class SettingsManager;
+class UpdateManager;
 class WorkspaceService;
 struct Page;
 
@@ -17,12 +18,14 @@ class GeneralSettings : public QObject {
     Q_PROPERTY(QString buildNumber READ buildNumber CONSTANT)
     Q_PROPERTY(pimloft::SettingsManager *settings READ settings CONSTANT)
     Q_PROPERTY(pimloft::AccessibilityManager *accessibility READ accessibility CONSTANT)
+    Q_PROPERTY(pimloft::UpdateManager *updateManager READ updateManager CONSTANT)
     Q_MOC_INCLUDE("app/accessibility_manager.h")
     Q_MOC_INCLUDE("app/settings_manager.h")
+    Q_MOC_INCLUDE("updates/update_manager.h")
 
 public:
     GeneralSettings(SettingsManager &settings, AccessibilityManager &accessibility,
-                    WorkspaceService &workspace);
+                    UpdateManager &updateManager, WorkspaceService &workspace);
 
     /// The page, bound to this object.
     Page page();
@@ -34,10 +37,12 @@ public:
     QString buildNumber() const;
     SettingsManager *settings() const { return &settings_; }
     AccessibilityManager *accessibility() const { return &accessibility_; }
+    UpdateManager *updateManager() const { return &updateManager_; }
 
 private:
     SettingsManager &settings_;
     AccessibilityManager &accessibility_;
+    UpdateManager &updateManager_;
     WorkspaceService &workspace_;
 };
 

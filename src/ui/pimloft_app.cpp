@@ -9,6 +9,7 @@
 #include "ui/kit/theme.h"
 #include "ui/quick_view_host.h"
 #include "ui/screen_space.h"
+#include "updates/update_manager.h"
 
 #include <QCursor>
 #include <QGuiApplication>
@@ -25,7 +26,9 @@ constexpr int slip = 8;
 }  // namespace
 
 PimloftApp::PimloftApp(Process &process, AppState &appState, QuickViewHost &views)
-    : general_(SettingsManager::shared(), AccessibilityManager::shared(), process.platform().workspace),
+    : widgets_(Theme::shared()),
+      general_(SettingsManager::shared(), AccessibilityManager::shared(), UpdateManager::shared(),
+               process.platform().workspace),
       settings_(views, general_.page(), appState.allModules()),
       popover_(appState, AccessibilityManager::shared(), views.engine(), process.platform().panels,
                process.platform().displays),

@@ -5,6 +5,7 @@
 #include "ui/popover_controller.h"
 #include "ui/settings_window.h"
 #include "ui/tray_icon.h"
+#include "ui/widget_look.h"
 
 #include <QElapsedTimer>
 
@@ -33,6 +34,7 @@ private:
     void trayClicked();
     QRectF anchor() const;
 
+    WidgetLook widgets_;
     GeneralSettings general_;
     SettingsWindow settings_;
     PopoverController popover_;

@@ -13,12 +13,6 @@ namespace {
 /// Points between the popover and its anchor, and the edges of the visible frame.
 constexpr double gap = 6;
 
-double distance(QPointF point, const QRectF &rect) {
-    const double x = std::clamp(point.x(), minX(rect), maxX(rect)) - point.x();
-    const double y = std::clamp(point.y(), minY(rect), maxY(rect)) - point.y();
-    return x * x + y * y;
-}
-
 }  // namespace
 
 QRectF popoverFrame(QSizeF size, const QRectF &anchor, const Display &display) {
@@ -39,7 +33,7 @@ QRectF popoverFrame(QSizeF size, const QRectF &anchor, const Display &display) {
 
 const Display &displayAt(QPointF point, const std::vector<Display> &displays) {
     return *std::min_element(displays.begin(), displays.end(), [point](const Display &a, const Display &b) {
-        return distance(point, a.frame) < distance(point, b.frame);
+        return squaredDistance(point, a.frame) < squaredDistance(point, b.frame);
     });
 }
 

@@ -6,7 +6,9 @@
 
 #include "app/accessibility_manager.h"
 #include "app/app_state.h"
+#include "app/onboarding.h"
 #include "app/settings_manager.h"
+#include "app/whats_new.h"
 #include "clipboard/clipboard_module.h"
 #include "finderfix/finder_fix_module.h"
 #include "keymapper/key_mapper_module.h"
@@ -14,6 +16,7 @@
 #include "ui/general_settings.h"
 #include "ui/popover_controller.h"
 #include "ui/settings_window.h"
+#include "updates/update_manager.h"
 #include "windowsnap/window_snap_module.h"
 
 #include <QtQml/qqml.h>
@@ -59,6 +62,34 @@ struct SettingsWindowType {
     Q_GADGET
     QML_FOREIGN(pimloft::SettingsWindow)
     QML_NAMED_ELEMENT(SettingsWindow)
+    QML_UNCREATABLE("made by the program")
+};
+
+struct OnboardingType {
+    Q_GADGET
+    QML_FOREIGN(pimloft::Onboarding)
+    QML_NAMED_ELEMENT(Onboarding)
+    QML_UNCREATABLE("made by the program")
+};
+
+struct PermissionRequestType {
+    Q_GADGET
+    QML_FOREIGN(pimloft::PermissionRequest)
+    QML_NAMED_ELEMENT(PermissionRequest)
+    QML_UNCREATABLE("made by the program")
+};
+
+struct UpdateManagerType {
+    Q_GADGET
+    QML_FOREIGN(pimloft::UpdateManager)
+    QML_NAMED_ELEMENT(UpdateManager)
+    QML_UNCREATABLE("made by the program")
+};
+
+struct WhatsNewType {
+    Q_GADGET
+    QML_FOREIGN(pimloft::WhatsNew)
+    QML_NAMED_ELEMENT(WhatsNew)
     QML_UNCREATABLE("made by the program")
 };
 

@@ -1,22 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "ui/screen_space.h"
 
+#include "base/geometry.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 
-#include <algorithm>
 #include <limits>
 
 namespace pimloft {
 
 namespace {
-
-/// How far a point is from a rectangle, squared; zero inside.
-double distance(QPointF point, const QRectF &rect) {
-    const double x = std::clamp(point.x(), rect.left(), rect.right()) - point.x();
-    const double y = std::clamp(point.y(), rect.top(), rect.bottom()) - point.y();
-    return x * x + y * y;
-}
 
 QRectF nativeRect(const ScreenSpace::Screen &screen) {
     return {QPointF(screen.geometry.topLeft()), QSizeF(screen.geometry.size()) * screen.ratio};
@@ -28,7 +22,7 @@ std::size_t nearest(const std::vector<ScreenSpace::Screen> &screens, QPointF poi
     std::size_t best = 0;
     double bestDistance = std::numeric_limits<double>::max();
     for (std::size_t index = 0; index < screens.size(); ++index) {
-        const double each = distance(point, rectOf(screens[index]));
+        const double each = squaredDistance(point, rectOf(screens[index]));
         if (each >= bestDistance)
             continue;
         best = index;

@@ -7,6 +7,7 @@
 #include "ui/kit/symbols.h"
 #include "ui/kit/theme.h"
 
+#include <QCoreApplication>
 #include <QMenu>
 #include <QSystemTrayIcon>
 
@@ -14,24 +15,11 @@ namespace pimloft {
 
 namespace {
 
-QPalette menuPalette(const ThemeColors &colors) {
-    QPalette palette;
-    palette.setColor(QPalette::Window, colors.card);
-    palette.setColor(QPalette::Base, colors.card);
-    palette.setColor(QPalette::Button, colors.card);
-    palette.setColor(QPalette::WindowText, colors.text);
-    palette.setColor(QPalette::Text, colors.text);
-    palette.setColor(QPalette::ButtonText, colors.text);
-    palette.setColor(QPalette::Highlight, colors.accent);
-    palette.setColor(QPalette::HighlightedText, colors.onAccent);
-    return palette;
-}
-
 /// The findings begin with what everything else depends on, so the first refusal is the reason of the others.
 QString firstObstacle(DiagnosisService &diagnosis) {
     for (const Finding &finding : diagnosis.findings())
         if (!finding.granted)
-            return finding.detail;
+            return QCoreApplication::translate("Diagnosis", finding.detail.toUtf8().constData());
     return {};
 }
 
@@ -71,8 +59,6 @@ void TrayIcon::draw() {
     QColor halo = theme_.isDark() ? QColor(Qt::black) : QColor(Qt::white);
     halo.setAlphaF(0.6F);
     icon_->setIcon(symbolIcon(appState_.menuBarIcon(), colors.text, halo));
-    menu_->setPalette(menuPalette(colors));
-    menu_->setFont(theme_.body());
 }
 
 void TrayIcon::describe() {

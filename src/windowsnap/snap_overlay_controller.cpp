@@ -56,7 +56,7 @@ void SnapOverlayController::open(const QRectF &frame) {
 
 void SnapOverlayController::glide(const QRectF &frame) {
     glide_.run(glideDuration, easeOut(), [this, from = visibleFrame_, frame](double progress) {
-        visibleFrame_ = between(from, frame, progress);
+        visibleFrame_ = panels_.reducesMotion() ? frame : between(from, frame, progress);
         overlayWindow_->setFrame(visibleFrame_);
     });
 }

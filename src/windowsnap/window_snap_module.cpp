@@ -23,7 +23,7 @@ WindowSnapModule::WindowSnapModule(SettingsManager &settings, AccessibilityManag
           {.id = QStringLiteral("windowsnap"),
            .name = QStringLiteral("WindowSnap"),
            .icon = QStringLiteral("rectangle.split.2x1"),
-           .description = QStringLiteral("Windows 11-style window snapping with visual layout picker"),
+           .description = tr("Windows 11-style window snapping with visual layout picker"),
            .requiresAccessibility = true},
           settings),
       accessibility_(accessibility), engine_(engine), layoutPickerController_(panels),

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/app_delegate.h"
 
+#include "app/accessibility_manager.h"
 #include "app/app_state.h"
+#include "app/onboarding.h"
 #include "app/process.h"
 #include "app/settings_manager.h"
+#include "app/whats_new.h"
 #include "clipboard/clipboard_module.h"
 #include "platform/fake_desktop.h"
 
@@ -59,7 +62,11 @@ protected:
     QTemporaryDir folder;
     Process process{desktop.platform(), clock, Dirs{{}, folder.path(), {}, {}, {}, {}}};
     FakeViewHost views;
-    AppDelegate delegate{SettingsManager::shared(), views, &AppState::shared};
+    AppDelegate delegate{{.settings = SettingsManager::shared(),
+                          .accessibility = AccessibilityManager::shared(),
+                          .workspace = desktop.workspace,
+                          .views = views},
+                         &AppState::shared};
 };
 
 TEST_F(AppDelegateTest, theFirstLaunchOpensOnlyTheFirstRunWindow) {
@@ -72,7 +79,12 @@ TEST_F(AppDelegateTest, theFirstLaunchOpensOnlyTheFirstRunWindow) {
 TEST_F(AppDelegateTest, completingTheFirstRunStartsTheModulesAndTellsNoNews) {
     delegate.applicationDidFinishLaunching();
     views.log();
-    delegate.completeOnboarding();
+    Onboarding &flow = *delegate.onboarding();
+    flow.next();
+    flow.next();
+    flow.permission()->skip();
+    flow.getStarted();
+    EXPECT_TRUE(desktop.preferences.flag(QStringLiteral("pimloft.general.hasCompletedOnboarding")));
     EXPECT_EQ(views.log(), "close Welcome to Pimloft");
     EXPECT_TRUE(modulesRun());
     EXPECT_FALSE(delegate.onboardingWindow());
@@ -86,7 +98,9 @@ TEST_F(AppDelegateTest, theSecondLaunchTellsTheNewsOfTheSameVersion) {
     EXPECT_EQ(views.log(), "make What's New 420x400\npresent What's New");
     EXPECT_TRUE(modulesRun());
     EXPECT_TRUE(delegate.whatsNewWindow());
-    delegate.dismissWhatsNew();
+    delegate.whatsNew()->dismiss();
+    EXPECT_EQ(desktop.preferences.text(QStringLiteral("pimloft.general.lastSeenVersion")),
+              QStringLiteral("1.0.0"));
     EXPECT_EQ(views.log(), "close What's New");
     EXPECT_FALSE(delegate.whatsNewWindow());
 }

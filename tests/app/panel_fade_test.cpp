@@ -100,5 +100,17 @@ TEST_F(Fade, theCompletionMayDestroyThePanelAndStartOver) {
     EXPECT_EQ(window().opacity(), 1);
 }
 
+TEST_F(Fade, isOneStepWhereNothingIsToMove) {
+    desktop.panels.motionIsReduced = true;
+    fade.in(*panel);
+    EXPECT_EQ(window().opacity(), 1);
+    bool done = false;
+    fade.out(*panel, [&] { done = true; });
+    EXPECT_EQ(window().opacity(), 0);
+    EXPECT_FALSE(done) << "the states and times stay";
+    clock.pass(100);
+    EXPECT_TRUE(done);
+}
+
 }  // namespace
 }  // namespace pimloft

@@ -13,6 +13,7 @@ constexpr std::array<std::string_view, 6> modules = {"windowsnap", "clipboard", 
 
 const std::vector<Layer> plan = {
     {"base", {}, {"QtCore"}},
+    {"i18n", {}, {"QtCore"}},
     {"platform", {"base"}, {"QtCore", "QtGui"}, true},
     {"platform_fake", {"platform", "base"}, {"QtCore", "QtGui"}, true},
     {"x11_keys", {}, {}, true},
@@ -34,7 +35,7 @@ const std::vector<Layer> plan = {
      {"ui_kit", "app", "module", "core", "platform", "base"},
      {"QtCore", "QtGui", "QtWidgets", "QtQml", "QtQuick", "QtQuickControls2", "QtSvg"}},
     {"main",
-     {"ui", "ui_kit", "module_ui", "app", "module", "core", "platform_host", "platform", "base"},
+     {"ui", "ui_kit", "module_ui", "app", "module", "core", "platform_host", "platform", "i18n", "base"},
      {"QtCore", "QtGui", "QtWidgets", "QtQml", "QtQuick", "QtQuickControls2"}},
 };
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // What the user has set, through the program's own switches, and what becomes of it on a disk that fails.
 #include "desktop/support/desktop_test.h"
+#include "desktop/support/first_run.h"
 
 #include <QDir>
 #include <QFile>
-#include <QJsonDocument>
 #include <QJsonObject>
 
 #include <csignal>
@@ -20,7 +20,7 @@ protected:
     void SetUp() override { openDesktop(QStringLiteral("openbox")); }
 
     QString folder() { return session().home() + QStringLiteral("/config/Pimloft"); }
-    QString file() { return folder() + QStringLiteral("/preferences.json"); }
+    QString file() { return preferencesFile(session()); }
 
     void store(const QByteArray &text) {
         QDir().mkpath(folder());
@@ -32,7 +32,7 @@ protected:
         QFile stored(path);
         return stored.open(QIODevice::ReadOnly) ? stored.readAll() : QByteArray();
     }
-    QJsonObject stored() { return QJsonDocument::fromJson(read(file())).object(); }
+    QJsonObject stored() { return storedPreferences(session()); }
 
     void expectThatSnappingWorks() {
         const xcb_window_t window = openWindow(Client::qt, QStringLiteral("Placed"));
@@ -52,7 +52,7 @@ protected:
 };
 
 TEST_F(Preferences, areReadAtTheStart) {
-    store(R"({"pimloft.windowsnap.snapSensitivity": 30})");
+    skipFirstRun(session(), {{QStringLiteral("pimloft.windowsnap.snapSensitivity"), 30}});
     startPimloft();
     const xcb_window_t window = openWindow(Client::qt, QStringLiteral("Dragged"));
     dragTo(window, {28, 500});
@@ -75,9 +75,12 @@ TEST_F(Preferences, switchWindowSnappingOffAtOnceAndForTheNextStart) {
 TEST_F(Preferences, areSetAsideWhenTheyAreDamaged) {
     const QByteArray damaged = R"({"pimloft.windowsnap.enabled": fal)";
     store(damaged);
-    startPimloft();
-    expectThatSnappingWorks();
+    // Nothing is known of the user any more.
+    startPimloftWithoutShortcuts();
     EXPECT_EQ(read(file()), damaged) << "a file is written that nobody has changed";
+    goThroughFirstRun();
+    expectShortcuts();
+    expectThatSnappingWorks();
     flipTopmostSwitch();
     EXPECT_TRUE(waitUntil([&] { return stored().value(snapping) == QJsonValue(false); }));
     const QStringList kept = QDir(folder()).entryList({QStringLiteral("preferences.json?*")}, QDir::Files);
@@ -87,9 +90,12 @@ TEST_F(Preferences, areSetAsideWhenTheyAreDamaged) {
 
 TEST_F(Preferences, holdForThisRunWhenTheyCannotBeStored) {
     // A file stands where the folder should be, which stops root as well.
+    forgetPreferences(session());
     QFile inTheWay(folder());
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
-    startPimloft();
+    startPimloftWithoutShortcuts();
+    goThroughFirstRun();
+    expectShortcuts();
     expectThatSnappingWorks();
     flipTopmostSwitch();
     expectThatSnappingIsOff();

@@ -93,7 +93,8 @@ protected:
     /// What is on the clipboard.
     std::string copied() {
         std::string result;
-        desktop.pasteboard.read(desktop.pasteboard.changeCount(), {PasteType::fileUrls}, 1 << 20, &hotkeys,
+        QObject context;
+        desktop.pasteboard.read(desktop.pasteboard.changeCount(), {PasteType::fileUrls}, 1 << 20, &context,
                                 [&](const PasteData &data) { result = data.bytes.toStdString(); });
         desktop.pasteboard.answer();
         return result;

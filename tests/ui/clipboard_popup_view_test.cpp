@@ -96,7 +96,7 @@ TEST_F(PopupView, saysThis) {
 
 TEST_F(PopupView, aRowShowsWhatItIsAndWhereItComesFrom) {
     open();
-    for (const char *text : {"first", "Notes", "5 min. ago", "5 chars"})
+    for (const char *text : {"first", "Notes", "·  5 min. ago  ·  5 chars"})
         EXPECT_TRUE(isSaid(text)) << text;
 }
 

@@ -8,6 +8,7 @@
 #include "platform/fake_desktop.h"
 #include "ui/kit/theme.h"
 #include "ui/quick_view_host.h"
+#include "updates/update_manager.h"
 
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -36,6 +37,7 @@ public:
     AppState &appState() { return AppState::shared(); }
     AccessibilityManager &accessibility() { return AccessibilityManager::shared(); }
     SettingsManager &settings() { return SettingsManager::shared(); }
+    UpdateManager &updates() { return UpdateManager::shared(); }
     Theme &theme() { return Theme::shared(); }
     QuickViewHost &views();
 

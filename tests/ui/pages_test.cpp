@@ -5,12 +5,15 @@
 #include "app/settings_keys.h"
 #include "ui/general_settings.h"
 #include "ui/page_view.h"
+#include "updates/appcast_fetcher.h"
 #include "windowsnap/window_snap_settings.h"
 
 #include <QGuiApplication>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <cstring>
 
 namespace pimloft {
 namespace {
@@ -39,7 +42,8 @@ protected:
     }
 
     test::PageSession session;
-    GeneralSettings general{session.settings(), session.accessibility(), session.desktop.workspace};
+    GeneralSettings general{session.settings(), session.accessibility(), session.updates(),
+                            session.desktop.workspace};
     WindowSnapSettings windowSnap{session.settings(), HotkeyManager::shared()};
     std::unique_ptr<PageView> view;
 };
@@ -55,6 +59,10 @@ TEST_F(Pages, theGeneralPageSaysThis) {
               "text: Permission Granted\n"
               "button: Open Settings\n"
               "text: WindowSnap, KeyMapper, and FinderFix require Accessibility permission to function.\n"
+              "group: Updates\n"
+              "heading: Updates\n"
+              "text: Up to date\n"
+              "button: Check Now\n"
               "group: About\n"
               "heading: About\n"
               "text: Version: 1.0.0\n"
@@ -95,6 +103,76 @@ TEST_F(Pages, openSettingsOpensThePrivacySettings) {
     test::type(view.get(), Qt::Key_Return);
     EXPECT_EQ(session.desktop.log(),
               "open x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility\n");
+}
+
+TEST_F(Pages, openSettingsDoesNotWatchForThePermission) {
+    session.desktop.windows.trusted = false;
+    session.accessibility().refresh();
+    showGeneral();
+    test::click(named("Open Settings"));
+    session.desktop.windows.trusted = true;
+    QTest::qWait(1100);  // longer than the permission page waits between two looks
+    EXPECT_FALSE(session.accessibility().isAccessibilityGranted());
+}
+
+/// A network that answers when the test says so.
+class FakeFetcher final : public AppcastFetcher {
+public:
+    void fetch(const QUrl &, Done done) override { waiting = std::move(done); }
+    Done waiting;
+};
+
+class Updates : public Pages {
+protected:
+    void SetUp() override {
+        show(settings.page());
+        session.desktop.log();
+    }
+    void answer(const QByteArray &version) {
+        fetcher->waiting("<rss><item><enclosure url='https://a.example/new' sparkle:version='" + version +
+                         "'/></item></rss>");
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !updates.isCheckingForUpdates(); }));
+    }
+    /// What the section says.
+    std::string section() const {
+        const std::string all = spoken();
+        const auto begin = all.find("heading: Updates\n") + std::strlen("heading: Updates\n");
+        return all.substr(begin, all.find("group: About") - begin);
+    }
+
+    FakeFetcher *fetcher = new FakeFetcher;
+    UpdateManager updates{QStringLiteral("https://a.example/appcast.xml"), QStringLiteral("1.0.0"),
+                          std::unique_ptr<AppcastFetcher>(fetcher), session.desktop.workspace};
+    GeneralSettings settings{session.settings(), session.accessibility(), updates, session.desktop.workspace};
+};
+
+TEST_F(Updates, theButtonTellsWhileACheckRuns) {
+    EXPECT_EQ(section(), "text: Up to date\nbutton: Check Now\n");
+    test::click(named("Check Now"));
+    EXPECT_EQ(section(), "text: Up to date\nbutton: Checking...\n");
+    fetcher->waiting(std::nullopt);
+    EXPECT_EQ(section(), "text: Up to date\nbutton: Check Now\n");
+}
+
+TEST_F(Updates, aCheckThatFindsNothingNewerLeavesItAtThat) {
+    test::click(named("Check Now"));
+    answer("1.0.0");
+    EXPECT_EQ(section(), "text: Up to date\nbutton: Check Now\n");
+}
+
+TEST_F(Updates, aNewerReleaseIsOfferedAndOpenedInTheBrowser) {
+    test::click(named("Check Now"));
+    answer("1.2");
+    EXPECT_EQ(section(), "text: v1.2 available\nbutton: Download Update\nbutton: Check Now\n");
+    test::click(named("Download Update"));
+    EXPECT_EQ(session.desktop.log(), "open https://a.example/new\n");
+}
+
+TEST_F(Updates, anotherCheckCanBeStartedWhileOneRuns) {
+    test::click(named("Check Now"));
+    fetcher->waiting = nullptr;
+    test::click(named("Checking..."));
+    EXPECT_TRUE(fetcher->waiting);
 }
 
 TEST_F(Pages, theWindowSnapPageSaysThis) {

@@ -15,29 +15,25 @@ std::vector<Look> looks() {
             {.name = "untrusted", .trusted = false},
             {.name = "untrusted_dark", .dark = true, .trusted = false},
             {.name = "mirrored", .mirrored = true, .trusted = false},
-            {.name = "long", .longTexts = true, .trusted = false}};
+            {.name = "long", .longTexts = true, .trusted = false},
+            {.name = "high_contrast", .highContrast = true},
+            {.name = "high_contrast_dark", .dark = true, .highContrast = true},
+            {.name = "german", .trusted = false, .german = true}};
 }
 
 std::string lookName(const testing::TestParamInfo<Look> &info) {
     return info.param.name;
 }
 
-QString LongLanguage::translate(const char *, const char *source, const char *, int) const {
-    const QString text = QString::fromUtf8(source);
-    if (text.startsWith(QLatin1String("QT_")) || text.contains(QLatin1String("px")))
-        return {};
-    QString longer = QStringLiteral("⟦") + text;
-    for (const QChar letter : text.left(std::max<qsizetype>(3, text.size() / 2)))
-        longer += letter.isSpace() ? QLatin1Char(' ') : QLatin1Char('o');
-    return longer + QStringLiteral("⟧");
-}
-
 Pictures::Pictures() {
     session.desktop.appearance.setDark(GetParam().dark);
+    session.desktop.appearance.setHighContrast(GetParam().highContrast);
     session.desktop.windows.trusted = GetParam().trusted;
     qApp->setLayoutDirection(GetParam().mirrored ? Qt::RightToLeft : Qt::LeftToRight);
     if (GetParam().longTexts)
         qApp->installTranslator(&language_);
+    if (GetParam().german)
+        german_.emplace(QLocale(QStringLiteral("de_DE")));
 }
 
 Pictures::~Pictures() {

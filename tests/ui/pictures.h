@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "long_language.h"
 #include "page_session.h"
 
+#include "i18n/translations.h"
+
 #include <QImage>
-#include <QTranslator>
 
 #include <gtest/gtest.h>
+
+#include <optional>
 
 namespace pimloft::test {
 
@@ -17,16 +21,11 @@ struct Look {
     bool mirrored = false;
     bool longTexts = false;
     bool trusted = true;
+    bool highContrast = false;
+    bool german = false;
 };
 std::vector<Look> looks();
 std::string lookName(const testing::TestParamInfo<Look> &info);
-
-/// A language in which everything takes half as much room again.
-class LongLanguage final : public QTranslator {
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char *context, const char *source, const char *comment, int n) const override;
-};
 
 /// The program in one look on a real screen.
 class Pictures : public testing::TestWithParam<Look> {
@@ -43,6 +42,7 @@ protected:
 
 private:
     LongLanguage language_;
+    std::optional<Translations> german_;
 };
 
 /// How many different colours a picture has, up to a hundred.

@@ -43,6 +43,7 @@ public:
         return std::make_unique<Window>(std::move(content), height_);
     }
     bool blends() const override { return blending; }
+    bool reducesMotion() const override { return false; }
 
     bool blending = false;
 

@@ -42,7 +42,8 @@ QIcon roundIcon(const QColor &color) {
 }
 
 TEST_P(Screens, settings) {
-    GeneralSettings general(session.settings(), session.accessibility(), session.desktop.workspace);
+    GeneralSettings general(session.settings(), session.accessibility(), session.updates(),
+                            session.desktop.workspace);
     SettingsWindow settings(session.views(), general.page(), session.appState().allModules());
     settings.open();
     QQuickWindow *window = test::shownWindow();
@@ -63,7 +64,8 @@ TEST_P(Screens, refusedShortcut) {
     using enum CarbonModifiers;
     session.desktop.hotkeys.take(Key::upArrow, control | command);
     HotkeyManager::shared().registerHotkey(Key::upArrow, control | command, [] {});
-    GeneralSettings general(session.settings(), session.accessibility(), session.desktop.workspace);
+    GeneralSettings general(session.settings(), session.accessibility(), session.updates(),
+                            session.desktop.workspace);
     SettingsWindow settings(session.views(), general.page(), session.appState().allModules());
     settings.select(1);
     settings.open();
@@ -88,7 +90,8 @@ TEST_P(Screens, keyMapper) {
         encode(ExportedMappings{{},
                                 {{.fromKeyCode = Key::home, .toKeyCode = Key::leftArrow},
                                  {.fromKeyCode = KeyCode{105}, .toKeyCode = KeyCode{65535}}}}));
-    GeneralSettings general(session.settings(), session.accessibility(), session.desktop.workspace);
+    GeneralSettings general(session.settings(), session.accessibility(), session.updates(),
+                            session.desktop.workspace);
     SettingsWindow settings(session.views(), general.page(), {&*keyboard.module});
     settings.select(1);
     settings.open();

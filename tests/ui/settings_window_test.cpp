@@ -58,7 +58,8 @@ protected:
     }
 
     test::PageSession session;
-    GeneralSettings general{session.settings(), session.accessibility(), session.desktop.workspace};
+    GeneralSettings general{session.settings(), session.accessibility(), session.updates(),
+                            session.desktop.workspace};
     QQuickWindow *window = nullptr;
 };
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/kit/symbols.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QPainter>
@@ -8,6 +10,8 @@
 #include <QSet>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace pimloft {
 namespace {
@@ -75,6 +79,100 @@ TEST(Symbols, everyDrawingLeavesAMarkInTheTintOnly) {
         ++count;
     }
     EXPECT_GE(count, 14);
+}
+
+QStringList allNames() {
+    QStringList names;
+    QDirIterator files(QStringLiteral(":/qt/qml/Pimloft/Kit/symbols"));
+    while (files.hasNext()) {
+        files.next();
+        names << files.fileInfo().completeBaseName();
+    }
+    names.sort();
+    return names;
+}
+
+/// The smallest rectangle that holds all ink.
+QRect inkOf(const QImage &image) {
+    QRect ink;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qAlpha(image.pixel(x, y)) > 32)
+                ink |= QRect(x, y, 1, 1);
+    return ink;
+}
+
+TEST(Symbols, fillTheSameSquare) {
+    const int side = 96;
+    for (const QString &name : allNames()) {
+        const QRect ink = inkOf(drawn(name, side, 1, Qt::black));
+        EXPECT_TRUE(QRect(3, 3, side - 4, side - 4).contains(ink)) << name.toStdString() << " goes beyond it";
+        EXPECT_GE(std::max(ink.width(), ink.height()), side * 6 / 10)
+            << name.toStdString() << " is too small";
+        EXPECT_NEAR(ink.center().y(), side / 2, side / 16) << name.toStdString() << " hangs or floats";
+    }
+}
+
+TEST(Symbols, areDrawnWithOnePen) {
+    static const QRegularExpression root(
+        QStringLiteral("<svg [^>]*viewBox=\"0 0 24 24\"[^>]*stroke-width=\"([0-9.]+)\"[^>]*"
+                       "stroke-linecap=\"round\" stroke-linejoin=\"round\""));
+    for (const QString &name : allNames()) {
+        QFile file(QStringLiteral(":/qt/qml/Pimloft/Kit/symbols/%1.svg").arg(name));
+        ASSERT_TRUE(file.open(QFile::ReadOnly));
+        const auto pen = root.match(QString::fromUtf8(file.readAll()));
+        ASSERT_TRUE(pen.hasMatch()) << name.toStdString();
+        // Lines that stand alone are a little bolder, to look alike.
+        EXPECT_GE(pen.captured(1).toDouble(), 1.75) << name.toStdString();
+        EXPECT_LE(pen.captured(1).toDouble(), 2) << name.toStdString();
+    }
+}
+
+/// How dark the touched pixels are on average: half of it when every line falls between two.
+double darkness(const QImage &image) {
+    double sum = 0;
+    int touched = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) {
+            const int alpha = qAlpha(image.pixel(x, y));
+            sum += alpha / 255.0;
+            touched += alpha > 0;
+        }
+    return sum / touched;
+}
+
+TEST(Symbols, haveBolderLinesWhenTheyAreSmall) {
+    const auto inkShare = [](int side) {
+        const QImage image = drawn(QStringLiteral("circle"), side, 8, Qt::black);
+        return double(coverage(image).second) / image.width() / image.height();
+    };
+    EXPECT_GT(inkShare(16), inkShare(24) * 1.05);
+    EXPECT_GT(inkShare(24), inkShare(48) * 1.15);
+}
+
+/// Keeps a picture of all of them, at the sizes and scales in which they are shown, to be looked at.
+TEST(Symbols, areSharpAtEverySizeAndScale) {
+    constexpr int sizes[] = {16, 20, 24, 32, 48};
+    const QStringList names = allNames();
+    for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
+        QImage sheet(qRound(180 * scale), qRound(52 * names.size() * scale), QImage::Format_RGB32);
+        sheet.setDevicePixelRatio(scale);
+        sheet.fill(Qt::white);
+        QPainter painter(&sheet);
+        for (qsizetype row = 0; row < names.size(); ++row) {
+            double x = 4;
+            for (const int size : sizes) {
+                paintSymbol(painter, names[row], QRectF(x, 52 * double(row) + 2, size, size), Qt::black);
+                x += size + 8;
+                EXPECT_GT(darkness(drawn(names[row], size, scale, Qt::black)), 0.45)
+                    << names[row].toStdString() << " is a blur at " << size;
+            }
+        }
+        painter.end();
+        const QString folder = QCoreApplication::applicationDirPath() + QStringLiteral("/../screenshots/ui");
+        QDir().mkpath(folder);
+        sheet.save(QStringLiteral("%1/symbols@%2x.png").arg(folder).arg(scale));
+    }
 }
 
 TEST(Symbols, areDrawnWithTheDevicesPixels) {

@@ -45,6 +45,12 @@ TEST_P(ReadableText, standsOutInBothLooks) {
     EXPECT_GE(contrast(C::dark().*ink, C::dark().*paper), 4.5) << name << " in the dark look";
 }
 
+TEST_P(ReadableText, standsOutFarMoreInHighContrast) {
+    const auto &[name, ink, paper] = GetParam();
+    EXPECT_GE(contrast(C::lightHighContrast().*ink, C::lightHighContrast().*paper), 7) << name << ", light";
+    EXPECT_GE(contrast(C::darkHighContrast().*ink, C::darkHighContrast().*paper), 7) << name << ", dark";
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Theme, ReadableText,
     testing::Values(
@@ -72,6 +78,53 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(Theme, theMarkOfWhatIsPinnedStandsOut) {
     EXPECT_GE(contrast(C::light().pinned, C::light().window), 3);
     EXPECT_GE(contrast(C::dark().pinned, C::dark().window), 3);
+}
+
+TEST(Theme, whatIsDrawnInTheBrandsColoursStandsOutFromEndToEnd) {
+    for (const C &colors : {C::light(), C::dark(), C::lightHighContrast(), C::darkHighContrast()}) {
+        for (const QColor &end : {colors.accent, colors.accentEnd}) {
+            EXPECT_GE(contrast(colors.onAccent, end), 3);
+            EXPECT_GE(contrast(end, colors.card), 3);
+        }
+    }
+}
+
+TEST(Theme, hasTheBrandsColoursInTheLightLook) {
+    EXPECT_EQ(C::light().accent, QColor(0x25, 0x63, 0xeb));
+    EXPECT_EQ(C::light().accentEnd, QColor(0x08, 0x91, 0xb2));
+}
+
+TEST(Theme, outlinesEveryControlInHighContrast) {
+    for (const C &colors : {C::lightHighContrast(), C::darkHighContrast()}) {
+        EXPECT_GE(contrast(colors.controlOutline, colors.card), 4.5);
+        EXPECT_GE(contrast(colors.outline, colors.window), 4.5);
+        EXPECT_GE(contrast(colors.focusRing, colors.window), 4.5);
+        EXPECT_GE(contrast(colors.track, colors.card), 4.5);
+    }
+}
+
+TEST(Theme, followsAWishForHighContrastInEitherLook) {
+    FakeAppearance desktop;
+    Theme theme(desktop);
+    QSignalSpy changed(&theme, &Theme::changed);
+    desktop.setHighContrast(true);
+    EXPECT_EQ(theme.colors().outline, C::lightHighContrast().outline);
+    desktop.setDark(true);
+    EXPECT_EQ(theme.colors().outline, C::darkHighContrast().outline);
+    desktop.setHighContrast(false);
+    EXPECT_EQ(theme.colors().outline, C::dark().outline);
+    EXPECT_EQ(changed.size(), 3);
+}
+
+TEST(Theme, givesMotionNoTimeWhereTheUserWantsNone) {
+    FakeAppearance desktop;
+    Theme theme(desktop);
+    EXPECT_GT(theme.calm(), theme.quick());
+    QSignalSpy changed(&theme, &Theme::changed);
+    desktop.setReducesMotion(true);
+    EXPECT_EQ(theme.calm(), 0);
+    EXPECT_EQ(theme.quick(), 0);
+    EXPECT_EQ(changed.size(), 1);
 }
 
 TEST(Theme, followsTheDesktopBetweenLightAndDark) {

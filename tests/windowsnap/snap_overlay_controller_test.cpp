@@ -220,5 +220,13 @@ TEST_F(SnapOverlay, becomesTranslucentWhenTheDesktopStartsToBlendMeanwhile) {
     EXPECT_EQ(window().opacity(), 1);
 }
 
+TEST_F(SnapOverlay, jumpsWhereNothingIsToMove) {
+    desktop.panels.motionIsReduced = true;
+    overlay.show(leftHalf, screen);
+    EXPECT_EQ(window().opacity(), 1);
+    overlay.show(rightHalf, screen);
+    EXPECT_EQ(window().frame(), rightHalf);
+}
+
 }  // namespace
 }  // namespace pimloft

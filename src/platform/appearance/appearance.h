@@ -12,8 +12,12 @@ public:
 
     /// Light where the desktop says nothing.
     virtual bool isDark() const = 0;
+    /// Whether everything is to stand out more than usual.
+    virtual bool isHighContrast() const = 0;
+    /// Whether nothing is to glide, turn or fade.
+    virtual bool reducesMotion() const = 0;
 
-    /// Called, queued, after the user changed it.
+    /// Called, queued, after the user changed any of it.
     std::function<void()> onChanged;
 };
 

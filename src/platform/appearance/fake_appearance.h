@@ -9,14 +9,23 @@ namespace pimloft {
 class FakeAppearance final : public AppearanceService {
 public:
     bool isDark() const override { return dark_; }
-    void setDark(bool dark) {
-        dark_ = dark;
+    bool isHighContrast() const override { return highContrast_; }
+    bool reducesMotion() const override { return reducesMotion_; }
+
+    void setDark(bool dark) { set(dark_, dark); }
+    void setHighContrast(bool highContrast) { set(highContrast_, highContrast); }
+    void setReducesMotion(bool reducesMotion) { set(reducesMotion_, reducesMotion); }
+
+private:
+    void set(bool &wish, bool value) {
+        wish = value;
         if (onChanged)
             onChanged();
     }
 
-private:
     bool dark_ = false;
+    bool highContrast_ = false;
+    bool reducesMotion_ = false;
 };
 
 }  // namespace pimloft

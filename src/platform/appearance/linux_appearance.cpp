@@ -8,6 +8,10 @@
 #include <QDBusVariant>
 #include <QIcon>
 
+#include <algorithm>
+#include <array>
+#include <utility>
+
 namespace pimloft {
 
 namespace {
@@ -16,7 +20,21 @@ const QString portal = QStringLiteral("org.freedesktop.portal.Desktop");
 const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString portalSettings = QStringLiteral("org.freedesktop.portal.Settings");
 const QString appearanceGroup = QStringLiteral("org.freedesktop.appearance");
+const QString interfaceGroup = QStringLiteral("org.gnome.desktop.interface");
 const QString colorScheme = QStringLiteral("color-scheme");
+const QString contrast = QStringLiteral("contrast");
+const QString reducedMotion = QStringLiteral("reduced-motion");
+const QString enableAnimations = QStringLiteral("enable-animations");
+
+/// What the portal is asked for. Portals of some age know the animations by the desktop's own name only.
+const std::array<std::pair<QString, QString>, 4> questions{{{appearanceGroup, colorScheme},
+                                                            {appearanceGroup, contrast},
+                                                            {appearanceGroup, reducedMotion},
+                                                            {interfaceGroup, enableAnimations}}};
+
+/// The portal's numbers for a wish of light or dark.
+constexpr uint dark = 1;
+constexpr uint light = 2;
 
 /// The portal wraps an answer into several variants.
 uint number(QVariant value) {
@@ -32,7 +50,7 @@ LinuxAppearance::LinuxAppearance(X11Session &session, QDBusConnection bus)
     session_.select(session_.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     events_ = session_.subscribe([this](const xcb_generic_event_t &event) { handle(event); });
     readSettings();
-    isDark_ = hasDarkTheme_;
+    look_ = settings_;
     if (!bus_.isConnected())
         return;
     portalWatcher_.setConnection(bus_);
@@ -48,28 +66,35 @@ LinuxAppearance::LinuxAppearance(X11Session &session, QDBusConnection bus)
 LinuxAppearance::~LinuxAppearance() = default;
 
 void LinuxAppearance::askPortal() {
+    for (const auto &[group, key] : questions)
+        askPortalFor(group, key);
+}
+
+void LinuxAppearance::askPortalFor(const QString &group, const QString &key) {
     QDBusMessage call =
         QDBusMessage::createMethodCall(portal, portalPath, portalSettings, QStringLiteral("Read"));
-    call << appearanceGroup << colorScheme;
+    call << group << key;
     call.setAutoStartService(false);
     auto *watcher = new QDBusPendingCallWatcher(bus_.asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, key] {
         watcher->deleteLater();
         const QVariantList answer = watcher->reply().arguments();
-        const uint wish = watcher->isError() || answer.isEmpty() ? 0 : number(answer.first());
-        portalWish_ = wish <= uint(Wish::light) ? Wish(wish) : Wish::none;
+        if (watcher->isError() || answer.isEmpty())
+            portal_.remove(key);
+        else
+            portal_[key] = number(answer.first());
         update();
     });
 }
 
 void LinuxAppearance::forgetPortal() {
-    portalWish_ = Wish::none;
+    portal_.clear();
     update();
 }
 
 void LinuxAppearance::portalChanged(const QString &group, const QString &key) {
-    if (group == appearanceGroup && key == colorScheme)
-        askPortal();
+    if (std::find(questions.begin(), questions.end(), std::pair(group, key)) != questions.end())
+        askPortalFor(group, key);
 }
 
 void LinuxAppearance::handle(const xcb_generic_event_t &event) {
@@ -109,15 +134,27 @@ void LinuxAppearance::readSettings() {
         session_.select(settingsOwner_, XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
         settings = parseXSettings(session_.property8(settingsOwner_, session_.atom("_XSETTINGS_SETTINGS")));
     }
-    hasDarkTheme_ = prefersDark(settings);
+    settings_ = {.isDark = prefersDark(settings),
+                 .isHighContrast = prefersHighContrast(settings),
+                 .reducesMotion = prefersReducedMotion(settings)};
     const QString icons = settings.value(QStringLiteral("Net/IconThemeName")).toString();
     if (!icons.isEmpty())
         QIcon::setFallbackThemeName(icons);
 }
 
+LinuxAppearance::Look LinuxAppearance::wishedLook() const {
+    Look look = settings_;
+    const uint scheme = portal_.value(colorScheme);
+    if (scheme == dark || scheme == light)
+        look.isDark = scheme == dark;
+    look.isHighContrast |= portal_.value(contrast) == 1;
+    look.reducesMotion |= portal_.value(reducedMotion) == 1 || portal_.value(enableAnimations, 1) == 0;
+    return look;
+}
+
 void LinuxAppearance::update() {
-    const bool isDark = portalWish_ == Wish::none ? hasDarkTheme_ : portalWish_ == Wish::dark;
-    if (std::exchange(isDark_, isDark) == isDark)
+    const Look look = wishedLook();
+    if (std::exchange(look_, look) == look)
         return;
     QMetaObject::invokeMethod(
         this,

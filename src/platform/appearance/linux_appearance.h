@@ -6,12 +6,13 @@
 
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
+#include <QHash>
 #include <QObject>
 
 namespace pimloft {
 
-/// What the desktop portal says of the user's wish for dark or light; where it says nothing, what the theme
-/// of the desktop's settings is. Main thread.
+/// What the desktop portal says of the user's wishes; where it says nothing, what the desktop's settings and
+/// their theme are like. Main thread.
 ///
 /// The portal is asked without waiting and is never started for it: a desktop that has one starts it itself.
 class LinuxAppearance final : public QObject, public AppearanceService {
@@ -22,26 +23,37 @@ public:
     LinuxAppearance(X11Session &session, QDBusConnection bus);
     ~LinuxAppearance() override;
 
-    bool isDark() const override { return isDark_; }
+    bool isDark() const override { return look_.isDark; }
+    bool isHighContrast() const override { return look_.isHighContrast; }
+    bool reducesMotion() const override { return look_.reducesMotion; }
 
 private slots:
     void portalChanged(const QString &group, const QString &key);
 
 private:
-    enum class Wish { none = 0, dark = 1, light = 2 };  ///< numbered as the portal does
+    /// How a desktop looks by one source.
+    struct Look {
+        bool isDark = false;
+        bool isHighContrast = false;
+        bool reducesMotion = false;
+
+        bool operator==(const Look &) const = default;
+    };
 
     void askPortal();
+    void askPortalFor(const QString &group, const QString &key);
     void forgetPortal();
     void handle(const xcb_generic_event_t &event);
     void readSettings();
+    Look wishedLook() const;
     void update();
 
     X11Session &session_;
     QDBusConnection bus_;
     QDBusServiceWatcher portalWatcher_;
-    Wish portalWish_ = Wish::none;
-    bool hasDarkTheme_ = false;
-    bool isDark_ = false;
+    QHash<QString, uint> portal_;  ///< what it answered, by key
+    Look settings_;                ///< by the desktop's settings
+    Look look_;
     xcb_window_t settingsOwner_ = XCB_NONE;
     std::unique_ptr<X11Session::Subscription> events_;
 };

@@ -68,6 +68,14 @@ QVariantMap parseXSettings(const QByteArray &bytes) {
     return settings;
 }
 
+namespace {
+
+QString themeName(const QVariantMap &settings) {
+    return settings.value(QStringLiteral("Net/ThemeName")).toString();
+}
+
+}  // namespace
+
 bool prefersDark(const QVariantMap &settings) {
     if (settings.value(QStringLiteral("Gtk/ApplicationPreferDarkTheme")).toInt() == 1)
         return true;
@@ -76,8 +84,20 @@ bool prefersDark(const QVariantMap &settings) {
     static const QRegularExpression part(QStringLiteral("(^|[-_: ])(dark|inverse)($|[-_: ])"),
                                          QRegularExpression::CaseInsensitiveOption);
     static const QRegularExpression ending(QStringLiteral("[a-z](Dark|Inverse)$"));
-    const QString theme = settings.value(QStringLiteral("Net/ThemeName")).toString();
+    const QString theme = themeName(settings);
     return part.match(theme).hasMatch() || ending.match(theme).hasMatch();
+}
+
+bool prefersHighContrast(const QVariantMap &settings) {
+    // "HighContrast", "HighContrastInverse", "ContrastHigh", "High-Contrast", "Yaru-hc".
+    static const QRegularExpression name(
+        QStringLiteral("high[-_ ]?contrast|contrast[-_ ]?high|(^|[-_: ])hc($|[-_: ])"),
+        QRegularExpression::CaseInsensitiveOption);
+    return name.match(themeName(settings)).hasMatch();
+}
+
+bool prefersReducedMotion(const QVariantMap &settings) {
+    return settings.value(QStringLiteral("Gtk/EnableAnimations"), 1).toInt() == 0;
 }
 
 }  // namespace pimloft

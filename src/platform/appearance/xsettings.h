@@ -14,4 +14,10 @@ QVariantMap parseXSettings(const QByteArray &bytes);
 /// Pure; any thread.
 bool prefersDark(const QVariantMap &settings);
 
+/// Whether the theme is one that makes everything stand out ("HighContrast"). Pure; any thread.
+bool prefersHighContrast(const QVariantMap &settings);
+
+/// Whether these settings switch animations off. Pure; any thread.
+bool prefersReducedMotion(const QVariantMap &settings);
+
 }  // namespace pimloft

@@ -17,8 +17,9 @@ namespace pimloft {
 
 namespace {
 
-QString tr(const char *text) {
-    return QCoreApplication::translate("Diagnosis", text);
+/// A report is printed as it stands; who shows a line of it elsewhere translates it there.
+QString text(const char *english) {
+    return QString::fromUtf8(english);
 }
 
 /// "2.4", or an empty text where the extension is missing.
@@ -62,59 +63,71 @@ X11Diagnosis::X11Diagnosis(X11Session &session, const X11KeyTap &keyTap, PulseAu
 
 std::vector<Finding> X11Diagnosis::findings() {
     if (findObstacle(session_, sessionType_) == X11Obstacle::noServer)
-        return {{tr("Session"), false, tr("There is no X server that Pimloft could talk to.")}};
+        return {{text("Session"), false,
+                 text(QT_TRANSLATE_NOOP("Diagnosis", "There is no X server that Pimloft could talk to."))}};
     return {desktopSession(), mouseEvents(), keyEvents(), keyMappings(),
             windowManager(),  compositor(),  tray(),      sound()};
 }
 
 Finding X11Diagnosis::desktopSession() const {
     if (findObstacle(session_, sessionType_) != X11Obstacle::wayland)
-        return {tr("Session"), true, tr("X11")};
-    return {tr("Session"), false,
-            tr("Wayland, where a program cannot reach other programs' windows and keys. "
-               "Choose an X11 session when you log in.")};
+        return {text("Session"), true, text("X11")};
+    return {text("Session"), false,
+            text(QT_TRANSLATE_NOOP("Diagnosis",
+                                   "Wayland, where a program cannot reach other programs' windows and keys. "
+                                   "Choose an X11 session when you log in."))};
 }
 
 Finding X11Diagnosis::mouseEvents() {
-    const QString subject = tr("Mouse events");
+    const QString subject = text("Mouse events");
     switch (findObstacle(session_, sessionType_)) {
     case X11Obstacle::wayland:
-        return {subject, false, tr("Out of reach under Wayland: dragging a window does not snap it.")};
-    case X11Obstacle::noXInput:
         return {subject, false,
-                tr("The X server does not offer XInput 2.2: dragging a window does not snap it.")};
+                text(QT_TRANSLATE_NOOP("Diagnosis",
+                                       "Out of reach under Wayland: dragging a window does not snap it."))};
+    case X11Obstacle::noXInput:
+        return {
+            subject, false,
+            text(QT_TRANSLATE_NOOP(
+                "Diagnosis", "The X server does not offer XInput 2.2: dragging a window does not snap it."))};
     default:
-        return {subject, true, tr("XInput %1").arg(xinputVersion(session_))};
+        return {subject, true, text("XInput %1").arg(xinputVersion(session_))};
     }
 }
 
 Finding X11Diagnosis::keyEvents() {
-    const QString subject = tr("Key events");
+    const QString subject = text("Key events");
     switch (findObstacle(session_, sessionType_)) {
     case X11Obstacle::wayland:
-        return {subject, false, tr("Out of reach under Wayland: shortcuts and key mappings do nothing.")};
-    case X11Obstacle::noXInput:
-        return {subject, false, tr("The X server does not offer XInput 2.2: key mappings do nothing.")};
-    case X11Obstacle::noXTest:
         return {subject, false,
-                tr("The X server does not offer XTEST: shortcuts and key mappings do nothing.")};
+                text(QT_TRANSLATE_NOOP(
+                    "Diagnosis", "Out of reach under Wayland: shortcuts and key mappings do nothing."))};
+    case X11Obstacle::noXInput:
+        return {subject, false,
+                text(QT_TRANSLATE_NOOP("Diagnosis",
+                                       "The X server does not offer XInput 2.2: key mappings do nothing."))};
+    case X11Obstacle::noXTest:
+        return {
+            subject, false,
+            text(QT_TRANSLATE_NOOP(
+                "Diagnosis", "The X server does not offer XTEST: shortcuts and key mappings do nothing."))};
     default:
-        return {subject, true, tr("XInput %1 and XTEST").arg(xinputVersion(session_))};
+        return {subject, true, text("XInput %1 and XTEST").arg(xinputVersion(session_))};
     }
 }
 
 Finding X11Diagnosis::keyMappings() {
-    const QString subject = tr("Key mappings");
+    const QString subject = text("Key mappings");
     if (findObstacle(session_, sessionType_) != X11Obstacle::none)
-        return {subject, false, tr("They need key events.")};
+        return {subject, false, text("They need key events.")};
     switch (keyTap_.status()) {
     case X11KeyTap::Status::running:
-        return {subject, true, tr("Active")};
+        return {subject, true, text("Active")};
     case X11KeyTap::Status::lost:
-        return {subject, false, tr("Ended, because Pimloft held up the keyboard.")};
+        return {subject, false, text("Ended, because Pimloft held up the keyboard.")};
     case X11KeyTap::Status::unguarded:
         return {subject, false,
-                tr("The program that would give the keyboard back is missing: key mappings do nothing.")};
+                text("The program that would give the keyboard back is missing: key mappings do nothing.")};
     case X11KeyTap::Status::resting:
         break;
     }
@@ -124,45 +137,45 @@ Finding X11Diagnosis::keyMappings() {
     });
     if (!canBeTaken)
         return {subject, false,
-                tr("There is no keyboard that another program does not have: key mappings do nothing.")};
-    return {subject, true, tr("Ready")};
+                text("There is no keyboard that another program does not have: key mappings do nothing.")};
+    return {subject, true, text("Ready")};
 }
 
 Finding X11Diagnosis::windowManager() {
-    const QString subject = tr("Window manager");
+    const QString subject = text("Window manager");
     const xcb_atom_t check = session_.atom("_NET_SUPPORTING_WM_CHECK");
     const auto named = session_.property32(session_.root(), check);
     // A window manager that was killed leaves its properties on the root, but not this window.
     if (named.empty() || session_.property32(named.front(), check) != named)
-        return {subject, false, tr("None is running, so there is no window to place.")};
+        return {subject, false, text("None is running, so there is no window to place.")};
     const QString name = QString::fromUtf8(session_.property8(named.front(), session_.atom("_NET_WM_NAME")));
-    return {subject, true, name.isEmpty() ? tr("Running, without a name") : name};
+    return {subject, true, name.isEmpty() ? text("Running, without a name") : name};
 }
 
 Finding X11Diagnosis::compositor() {
-    const QString subject = tr("Compositor");
+    const QString subject = text("Compositor");
     if (selectionOwner(session_, "_NET_WM_CM_S0") == XCB_NONE)
-        return {subject, false, tr("None is running: the snap preview is an outline, and nothing fades.")};
-    return {subject, true, tr("Running")};
+        return {subject, false, text("None is running: the snap preview is an outline, and nothing fades.")};
+    return {subject, true, text("Running")};
 }
 
 Finding X11Diagnosis::tray() {
-    const QString subject = tr("Tray");
+    const QString subject = text("Tray");
     if (hasOwner(bus_, QStringLiteral("org.kde.StatusNotifierWatcher")))
-        return {subject, true, tr("StatusNotifierItem")};
+        return {subject, true, text("StatusNotifierItem")};
     if (selectionOwner(session_, "_NET_SYSTEM_TRAY_S0") != XCB_NONE)
-        return {subject, true, tr("System tray")};
-    return {subject, false, tr("None is running. To open Pimloft's panel, start Pimloft once more.")};
+        return {subject, true, text("System tray")};
+    return {subject, false, text("None is running. To open Pimloft's panel, start Pimloft once more.")};
 }
 
 Finding X11Diagnosis::sound() {
-    const QString subject = tr("Sound");
+    const QString subject = text("Sound");
     const PulseAudio::Summary summary = audio_.summary();
     if (summary.server.isEmpty())
-        return {subject, false, tr("No sound server answers: the volume mixer stays empty.")};
+        return {subject, false, text("No sound server answers: the volume mixer stays empty.")};
     if (summary.output.isEmpty())
-        return {subject, false, tr("%1, without an output device").arg(summary.server)};
-    return {subject, true, tr("%1, playing to %2").arg(summary.server, summary.output)};
+        return {subject, false, text("%1, without an output device").arg(summary.server)};
+    return {subject, true, text("%1, playing to %2").arg(summary.server, summary.output)};
 }
 
 }  // namespace pimloft

@@ -2,9 +2,12 @@
 #include "platform/dialogs/qt_dialogs.h"
 
 #include <QFileDialog>
+#include <QGuiApplication>
+#include <QIcon>
 #include <QLabel>
 #include <QMessageBox>
 #include <QMimeDatabase>
+#include <QStyle>
 
 namespace pimloft {
 
@@ -18,6 +21,24 @@ QFileDialog *makeFileDialog(const FileQuestion &question) {
         dialog->setDefaultSuffix(QMimeDatabase().mimeTypeForName(question.mimeType).preferredSuffix());
     }
     return dialog;
+}
+
+/// What the program has to say comes under its own sign, a warning under the one that warns everywhere.
+void setIcon(QMessageBox &box, Alert::Style style) {
+    box.setIcon(style == Alert::Style::warning ? QMessageBox::Warning : QMessageBox::Information);
+    const int side = box.style()->pixelMetric(QStyle::PM_MessageBoxIconSize, nullptr, &box);
+    const QIcon ours = QGuiApplication::windowIcon();
+    if (style == Alert::Style::informational && !ours.isNull())
+        box.setIconPixmap(ours.pixmap(QSize(side, side), box.devicePixelRatio()));
+}
+
+/// The message stands out from what explains it.
+void emphasizeMessage(QMessageBox &box) {
+    if (auto *label = box.findChild<QLabel *>(QStringLiteral("qt_msgbox_label"))) {
+        QFont font = label->font();
+        font.setWeight(QFont::DemiBold);
+        label->setFont(font);
+    }
 }
 
 /// The answer of a file dialog that has been closed.
@@ -46,13 +67,15 @@ void QtDialogs::show(QDialog *dialog, QObject *context) {
 
 void QtDialogs::alert(const Alert &alert, QObject *context, std::function<void()> done) {
     auto *box = new QMessageBox;
-    box->setIcon(alert.style == Alert::Style::warning ? QMessageBox::Warning : QMessageBox::Information);
+    box->setWindowTitle(QStringLiteral("Pimloft"));
+    setIcon(*box, alert.style);
     box->setText(alert.message);
     box->setInformativeText(alert.informativeText);
     box->addButton(alert.button, QMessageBox::AcceptRole);
     // A file's name may look like markup.
     for (QLabel *label : box->findChildren<QLabel *>())
         label->setTextFormat(Qt::PlainText);
+    emphasizeMessage(*box);
     QObject::connect(box, &QDialog::finished, context, [context, done = std::move(done)] {
         if (done)
             QMetaObject::invokeMethod(context, done, Qt::QueuedConnection);

@@ -14,31 +14,46 @@ X11Struts::X11Struts(X11Session &session)
 }
 
 std::vector<Strut> X11Struts::read(QSize root) {
-    struct Asked {
-        xcb_window_t window;
-        xcb_get_property_cookie_t types;
+    struct Question {
         xcb_get_property_cookie_t partial;
         xcb_get_property_cookie_t whole;
     };
+    const auto ask = [&](xcb_window_t window) {
+        return Question{session_.askProperty(window, partial_), session_.askProperty(window, whole_)};
+    };
+    const auto answer = [&](const Question &question) {
+        const auto partial = session_.values32(question.partial);
+        return parseStrut(partial, session_.values32(question.whole), root);
+    };
+
+    struct Client {
+        xcb_window_t window;
+        xcb_get_property_cookie_t types;
+        Question strut;
+    };
     const xcb_atom_t types = session_.atom("_NET_WM_WINDOW_TYPE");
     const xcb_atom_t dock = session_.atom("_NET_WM_WINDOW_TYPE_DOCK");
-    std::vector<Asked> asked;
+    std::vector<Client> clients;
     for (const xcb_window_t window : session_.property32(session_.root(), clients_))
-        asked.push_back({window, session_.askProperty(window, types), session_.askProperty(window, partial_),
-                         session_.askProperty(window, whole_)});
+        clients.push_back({window, session_.askProperty(window, types), ask(window)});
+
+    // Other windows' properties change with every key press; should one of them begin to reserve space, the
+    // window manager's own work area tells.
+    std::vector<Question> listenedTo;
+    for (const Client &client : clients) {
+        const auto listed = session_.values32(client.types);
+        const bool reserves = answer(client.strut).has_value();
+        if (!reserves && std::find(listed.begin(), listed.end(), dock) == listed.end())
+            continue;
+        session_.select(client.window, XCB_EVENT_MASK_PROPERTY_CHANGE);
+        // Once more: it may have changed before we listened.
+        listenedTo.push_back(ask(client.window));
+    }
 
     std::vector<Strut> struts;
-    for (const Asked &each : asked) {
-        const auto listed = session_.values32(each.types);
-        const auto partial = session_.values32(each.partial);
-        const auto strut = parseStrut(partial, session_.values32(each.whole), root);
-        if (strut)
+    for (const Question &question : listenedTo)
+        if (const auto strut = answer(question))
             struts.push_back(*strut);
-        // Other windows' properties change with every key press; should one of them begin to reserve space,
-        // the window manager's own work area tells.
-        if (strut || std::find(listed.begin(), listed.end(), dock) != listed.end())
-            session_.select(each.window, XCB_EVENT_MASK_PROPERTY_CHANGE);
-    }
     return struts;
 }
 

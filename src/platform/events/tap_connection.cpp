@@ -15,7 +15,7 @@ namespace pimloft {
 
 namespace {
 
-constexpr std::uint8_t everyModifier = 0xff;
+constexpr std::uint8_t allModifierBits = 0xff;
 constexpr std::uint16_t lockParts = XCB_XKB_STATE_PART_MODIFIER_LOCK | XCB_XKB_STATE_PART_GROUP_LOCK;
 
 /// 0 where the server lacks it.
@@ -50,7 +50,7 @@ std::optional<Locks> locksOf(xcb_connection_t *connection, std::uint16_t device)
 }
 
 void setLocks(xcb_connection_t *connection, std::uint16_t device, const Locks &locks) {
-    xcb_xkb_latch_lock_state(connection, device, everyModifier, locks.modifiers, true, locks.group, 0, false,
+    xcb_xkb_latch_lock_state(connection, device, allModifierBits, locks.modifiers, true, locks.group, 0, false,
                              0);
 }
 

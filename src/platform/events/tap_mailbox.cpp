@@ -10,7 +10,7 @@ namespace pimloft {
 namespace {
 
 /// The tap is never busy for so long; only its server may be.
-constexpr std::chrono::seconds patience{1};
+constexpr std::chrono::seconds answerPatience{1};
 
 constexpr std::size_t wordBits = 64;
 
@@ -60,7 +60,7 @@ bool TapMailbox::post(const Post &post) {
     if (closed_.load() && letter_.exchange(nullptr) == &letter)
         return false;
     wake();
-    if (!letter.read.try_acquire_for(patience)) {
+    if (!letter.read.try_acquire_for(answerPatience)) {
         if (letter_.exchange(nullptr) == &letter)
             return false;
         letter.read.acquire();

@@ -2,7 +2,6 @@
 #include "platform/instance/local_instance.h"
 
 #include "base/atomic_file.h"
-#include "platform/instance/instance_on_bus.h"
 
 #include <QDeadlineTimer>
 #include <QFile>
@@ -21,7 +20,7 @@ namespace pimloft {
 
 namespace {
 
-constexpr std::chrono::seconds patience{5};
+constexpr std::chrono::seconds connectPatience{5};
 constexpr qint64 longestRequest = 64;
 constexpr int mostClients = 16;
 
@@ -115,10 +114,6 @@ LocalInstance::~LocalInstance() {
         close(lock_);
 }
 
-void LocalInstance::publish(const QDBusConnection &bus) {
-    onBus_ = std::make_unique<InstanceOnBus>(*this, bus);
-}
-
 void LocalInstance::acceptClients() {
     while (QLocalSocket *socket = server_.nextPendingConnection()) {
         if (clients_ >= mostClients) {
@@ -130,7 +125,7 @@ void LocalInstance::acceptClients() {
         connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
         connect(socket, &QLocalSocket::readyRead, this, [this, socket] { readRequest(socket); });
         socket->setReadBufferSize(longestRequest);
-        QTimer::singleShot(patience, socket, [socket] { socket->abort(); });
+        QTimer::singleShot(connectPatience, socket, [socket] { socket->abort(); });
         readRequest(socket);
     }
 }
@@ -158,17 +153,8 @@ void LocalInstance::answer(QLocalSocket *socket, InstanceCommand command) {
     socket->disconnectFromServer();
 }
 
-std::unique_ptr<Instance> claimInstance(const QString &runtime, const QString &login) {
-    auto instance = LocalInstance::claim(runtime, login);
-    if (instance)
-        QMetaObject::invokeMethod(
-            instance.get(), [self = instance.get()] { self->publish(QDBusConnection::sessionBus()); },
-            Qt::QueuedConnection);
-    return instance;
-}
-
 std::optional<QString> askInstance(const QString &runtime, const QString &login, InstanceCommand command) {
-    const QDeadlineTimer deadline(patience);
+    const QDeadlineTimer deadline(connectPatience);
     QLocalSocket socket;
     if (!connectTo(socket, InstancePaths(runtime, login), deadline))
         return std::nullopt;

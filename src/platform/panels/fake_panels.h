@@ -46,11 +46,13 @@ public:
 
     std::unique_ptr<Panel> create(PanelKind kind, std::unique_ptr<QWindow> content) override;
     bool blends() const override { return blending; }
+    bool reducesMotion() const override { return motionIsReduced; }
 
     /// The panels that exist, oldest first.
     const std::vector<Window *> &existing() const { return existing_; }
 
     bool blending = true;
+    bool motionIsReduced = false;
     bool keyboardIsTaken = false;  ///< another program holds the keyboard
 
 private:

@@ -55,6 +55,9 @@ public:
     /// `outlineWidth` points, so that what is under it stays visible; its content then paints them opaque.
     virtual bool blends() const = 0;
     static constexpr double outlineWidth = 4;
+
+    /// Whether the user wants panels to come, go and change places in one step.
+    virtual bool reducesMotion() const = 0;
 };
 
 }  // namespace pimloft

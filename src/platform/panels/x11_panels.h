@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/appearance/appearance.h"
 #include "platform/displays/x11_displays.h"
 #include "platform/hotkeys/x11_hotkeys.h"
 #include "platform/panels/panels.h"
@@ -31,6 +32,7 @@ public:
         X11RawInput &input;
         X11ActiveWindow &activeWindow;
         X11Compositor &compositor;
+        const AppearanceService &appearance;
     };
     /// `idle`: how long a popup waits for input.
     explicit X11Panels(const Desktop &desktop, std::chrono::milliseconds idle = std::chrono::seconds(60));
@@ -38,6 +40,7 @@ public:
 
     std::unique_ptr<Panel> create(PanelKind kind, std::unique_ptr<QWindow> content) override;
     bool blends() const override { return desktop_.compositor.isRunning(); }
+    bool reducesMotion() const override { return desktop_.appearance.reducesMotion(); }
 
     /// The popup that holds the keyboard gives it back, as KeyPoster needs it.
     void endTyping();

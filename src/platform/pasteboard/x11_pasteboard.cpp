@@ -12,7 +12,7 @@ namespace {
 using namespace std::chrono_literals;
 
 /// How long another program may take to answer; the answer is given within 2 s.
-constexpr auto patience = 1900ms;
+constexpr auto readPatience = 1900ms;
 
 /// By this programs mark what is to be kept out of histories.
 constexpr char secretMark[] = "x-kde-passwordManagerHint";
@@ -94,7 +94,7 @@ void X11Pasteboard::ask(SelectionQuery query, QObject *context, Done done) {
     deadline->setSingleShot(true);
     deadline->setTimerType(Qt::PreciseTimer);
     QObject::connect(deadline.get(), &QTimer::timeout, &answers_, [this, id] { giveUp(id); });
-    deadline->start(patience);
+    deadline->start(readPatience);
     pending_.emplace(id, Question{context, std::move(done), std::move(deadline)});
     selection_.ask(std::move(query));
 }
@@ -114,6 +114,26 @@ void X11Pasteboard::giveUp(std::uint64_t id) {
 qint64 X11Pasteboard::write(std::vector<PasteItem> items) {
     supersedeAll();
     return selection_.offer(formsOf(items));
+}
+
+std::uint64_t X11Pasteboard::lend(LoanRequest request, QObject *context) {
+    request.id = ++lastId_;
+    const auto later = [this, context = QPointer(context)](auto call) {
+        QMetaObject::invokeMethod(
+            &answers_,
+            [context, call = std::move(call)] {
+                if (context)
+                    call();
+            },
+            Qt::QueuedConnection);
+    };
+    request.onKept = [later, call = std::move(request.onKept)] { later(call); };
+    request.onEnded = [later, call = std::move(request.onEnded)](LoanResult result) {
+        later([call, result = std::move(result)] { call(result); });
+    };
+    const std::uint64_t id = request.id;
+    selection_.lend(std::move(request));
+    return id;
 }
 
 void X11Pasteboard::supersedeAll() {

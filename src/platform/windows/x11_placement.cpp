@@ -18,7 +18,7 @@ constexpr auto longestUnrest = 150ms;
 constexpr auto longestSilence = 60ms;
 constexpr auto watchTime = 250ms;
 /// Where nothing happened at all: the window manager may be held up, and has the requests still before it.
-constexpr auto patience = 2s;
+constexpr auto placementPatience = 2s;
 constexpr int mostRequests = 6;
 constexpr int mostCorrections = 2;
 
@@ -174,7 +174,7 @@ void X11Placement::judge(const X11WindowGeometry &now) {
 void X11Placement::settle(const QRect &frame) {
     settled_ = frame;
     phase_ = Phase::watching;
-    limit_.start(isAnswered_ || frame == target_ ? watchTime : patience);
+    limit_.start(isAnswered_ || frame == target_ ? watchTime : placementPatience);
 }
 
 void X11Placement::review(const X11WindowGeometry &now) {

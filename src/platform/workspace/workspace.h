@@ -45,7 +45,7 @@ public:
     virtual QIcon icon(const Application &application) = 0;
     virtual QIcon fileIcon(const QString &path) = 0;
 
-    /// Opens a link with the program that the user has chosen for it. False when there is none.
+    /// Opens a link to the web or to the settings with the user's program for it. False for every other one.
     virtual bool open(const QUrl &url) = 0;
 
     /// Shows the file selected in a file manager, or a folder's content. Returns at once.

@@ -14,6 +14,15 @@
 
 namespace pimloft {
 
+namespace {
+
+/// Links can come from the network: what opens them is a browser, and nothing that would do more.
+bool isWebLink(const QUrl &url) {
+    return url.scheme() == QLatin1String("https") || url.scheme() == QLatin1String("http");
+}
+
+}  // namespace
+
 X11Workspace::X11Workspace(X11Session &session, X11ActiveWindow &active, QString help, QDBusConnection bus)
     : session_(session), active_(active), help_(std::move(help)), bus_(std::move(bus)) {
     fileIcons_.setOptions(QFileIconProvider::DontUseCustomDirectoryIcons);
@@ -40,6 +49,11 @@ std::optional<QString> X11Workspace::bundleId(ProcessId process) {
                                      [process](const X11Client &each) { return each.process == process; });
     const X11WindowNames names = client == clients.end() ? X11WindowNames() : client->names;
     return programs_.program(process, names).identity.bundleId;
+}
+
+std::optional<QString> X11Workspace::bundleIdOf(xcb_window_t window) {
+    const Front found = look(window);
+    return found.application ? found.application->bundleId : std::nullopt;
 }
 
 const X11Workspace::Front &X11Workspace::front() {
@@ -121,7 +135,7 @@ QIcon X11Workspace::fileIcon(const QString &path) {
 
 bool X11Workspace::open(const QUrl &url) {
     if (!isSettingsLink(url))
-        return openWithDefaultProgram(url);
+        return isWebLink(url) && openWithDefaultProgram(url);
     const auto page = helpPage(url, help_);
     return page && openWithDefaultProgram(QUrl::fromLocalFile(*page));
 }

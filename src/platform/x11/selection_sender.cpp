@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 constexpr qsizetype usualPiece = 256 * 1024;
 
 /// A program that takes no piece for so long has given up.
-constexpr auto patience = 10s;
+constexpr auto sendPatience = 10s;
 
 /// So many programs are served in pieces at a time; it bounds the content that hung ones keep alive.
 constexpr std::size_t mostTransfers = 16;
@@ -153,13 +153,13 @@ void SelectionSender::gone(xcb_window_t window) {
 
 void SelectionSender::expire(Time now) {
     for (auto transfer = transfers_.begin(); transfer != transfers_.end();)
-        transfer = now - transfer->last < patience ? std::next(transfer) : erase(transfer);
+        transfer = now - transfer->last < sendPatience ? std::next(transfer) : erase(transfer);
 }
 
 std::optional<SelectionSender::Time> SelectionSender::deadline() const {
     std::optional<Time> first;
     for (const Transfer &each : transfers_)
-        first = std::min(first.value_or(each.last + patience), Time(each.last + patience));
+        first = std::min(first.value_or(each.last + sendPatience), Time(each.last + sendPatience));
     return first;
 }
 

@@ -8,6 +8,6 @@ Rectangle {
     anchors.margins: -3
     radius: Theme.controlRadius + 3
     color: "transparent"
-    border.width: 2
+    border.width: Theme.isHighContrast ? 3 : 2
     border.color: Theme.colors.focusRing
 }

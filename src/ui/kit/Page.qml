@@ -9,7 +9,9 @@ Flickable {
     id: page
 
     default property alias sections: column.data
-    readonly property double margin: Theme.unit * 6
+    property double margin: Theme.unit * 6
+    /// Whether it stands in the middle of the room that it leaves.
+    property bool centred: false
     readonly property Item focusItem: Window.activeFocusItem
 
     function reveal(item) {
@@ -39,7 +41,7 @@ Flickable {
     ColumnLayout {
         id: column
         x: (page.width - width) / 2
-        y: page.margin
+        y: page.centred ? Math.max(page.margin, (page.height - implicitHeight) / 2) : page.margin
         width: Math.min(page.width - 2 * page.margin, Theme.pageWidth)
         spacing: Theme.unit * 6
     }

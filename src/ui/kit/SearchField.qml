@@ -8,8 +8,12 @@ TextField {
 
     signal cleared
 
-    leftPadding: Theme.unit * 4 + Theme.symbolSize
-    rightPadding: clear.visible ? Theme.unit * 2 + Theme.symbolSize * 1.5 : Theme.unit * 2
+    readonly property bool mirrored: LayoutMirroring.enabled
+    readonly property double leadingPadding: Theme.unit * 4 + Theme.symbolSize
+    readonly property double trailingPadding: clear.visible ? Theme.unit * 2 + Theme.symbolSize * 1.5 : Theme.unit * 2
+
+    leftPadding: mirrored ? trailingPadding : leadingPadding
+    rightPadding: mirrored ? leadingPadding : trailingPadding
 
     Symbol {
         anchors.left: parent.left

@@ -24,7 +24,7 @@ RowLayout {
     Accessible.description: problem
 
     Item {
-        Layout.preferredWidth: row.keysWidth
+        Layout.preferredWidth: Math.max(row.keysWidth, cap.implicitWidth)
         implicitHeight: cap.implicitHeight
 
         KeyCap {

@@ -30,7 +30,9 @@ T.Slider {
             width: slider.mirrored ? parent.width - covered : covered
             height: parent.height
             radius: parent.radius
-            color: Theme.colors.accent
+            gradient: AccentGradient {
+                backwards: slider.mirrored
+            }
         }
     }
 

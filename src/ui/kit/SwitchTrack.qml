@@ -13,11 +13,20 @@ Rectangle {
     implicitHeight: 22
     radius: height / 2
     opacity: control.enabled ? 1 : 0.45
-    color: control.checked ? (control.down ? Theme.colors.accentPressed : Theme.colors.accent) : Theme.colors.track
+    color: Theme.colors.track
 
-    Behavior on color {
-        ColorAnimation {
-            duration: Theme.quick
+    Rectangle {
+        anchors.fill: parent
+        radius: parent.radius
+        opacity: !track.control.checked ? 0 : track.control.down ? 0.85 : 1
+        gradient: AccentGradient {
+            backwards: track.control.mirrored
+        }
+
+        Behavior on opacity {
+            NumberAnimation {
+                duration: Theme.quick
+            }
         }
     }
 

@@ -12,11 +12,18 @@ Rectangle {
     implicitWidth: Theme.controlHeight
     implicitHeight: Theme.controlHeight
     radius: height / 2
-    color: lit ? Theme.colors.accent : Theme.colors.unlit
+    color: Theme.colors.unlit
 
-    Behavior on color {
-        ColorAnimation {
-            duration: Theme.calm
+    Rectangle {
+        anchors.fill: parent
+        radius: parent.radius
+        opacity: disc.lit ? 1 : 0
+        gradient: AccentGradient {}
+
+        Behavior on opacity {
+            NumberAnimation {
+                duration: Theme.calm
+            }
         }
     }
 

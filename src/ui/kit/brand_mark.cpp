@@ -1,26 +1,30 @@
 // SPDX-License-Identifier: MIT
 #include "ui/kit/brand_mark.h"
 
-#include "ui/kit/symbols.h"
-#include "ui/kit/theme.h"
-
 #include <QPainter>
+#include <QSvgRenderer>
+
+#include <cmath>
 
 namespace pimloft {
 
+namespace {
+
+/// Below so many pixels of the screen the mark has fewer and bolder parts.
+constexpr double smallestLarge = 48;
+
+QSvgRenderer &drawing(double pixels) {
+    static QSvgRenderer large(QStringLiteral(":/qt/qml/Pimloft/Kit/brand/pimloft.svg"));
+    static QSvgRenderer small(QStringLiteral(":/qt/qml/Pimloft/Kit/brand/pimloft-small.svg"));
+    return pixels < smallestLarge ? small : large;
+}
+
+}  // namespace
+
 void paintBrandMark(QPainter &painter, const QRectF &square) {
-    const ThemeColors colors = ThemeColors::light();
-    QLinearGradient gradient(square.topLeft(), square.bottomRight());
-    gradient.setColorAt(0, colors.accent);
-    gradient.setColorAt(1, colors.accentEnd);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(gradient);
-    const double side = square.width();
-    painter.drawRoundedRect(square, side * 0.26, side * 0.26);
-    const double inset = side * 0.2;
-    paintSymbol(painter, QStringLiteral("square.on.square"), square.adjusted(inset, inset, -inset, -inset),
-                colors.onAccent);
+    const double ratio = std::abs(painter.deviceTransform().m11());
+    drawing(square.width() * ratio).render(&painter, square);
 }
 
 QIcon brandIcon() {

@@ -8,8 +8,8 @@ class QPainter;
 
 namespace pimloft {
 
-/// Paints the brand's mark into a square: the program's symbol on a rounded tile in the brand's colours, the
-/// same in the light and the dark look. Main thread.
+/// Paints the brand's mark into a square: the application icon, the same in every look, drawn for the number
+/// of pixels that it gets. Main thread.
 void paintBrandMark(QPainter &painter, const QRectF &square);
 
 /// The mark as an icon of windows, sharp at the sizes that window managers ask for.

@@ -4,11 +4,13 @@
 #include <QFile>
 #include <QIconEngine>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QSvgRenderer>
 
 #include <cmath>
 #include <map>
 #include <memory>
+#include <utility>
 
 namespace pimloft {
 
@@ -18,15 +20,41 @@ QString fileOf(const QString &name) {
     return QStringLiteral(":/qt/qml/Pimloft/Kit/symbols/%1.svg").arg(name);
 }
 
-/// The parsed drawings, each read when it is first used.
-QSvgRenderer *drawing(const QString &name) {
-    static std::map<QString, std::unique_ptr<QSvgRenderer>> drawings;
-    auto found = drawings.find(name);
+/// How much bolder the pen is than in the drawing: lines of one weight would look thin on small symbols and
+/// heavy on large ones.
+double penFactor(double points) {
+    if (points <= 18)
+        return 1.12;
+    if (points <= 28)
+        return 1;
+    return points <= 40 ? 0.9 : 0.8;
+}
+
+QByteArray withPen(const QByteArray &svg, double factor) {
+    static const QRegularExpression width(QStringLiteral("stroke-width=\"([0-9.]+)\""));
+    const QString text = QString::fromUtf8(svg);
+    QString result;
+    qsizetype end = 0;
+    for (auto matches = width.globalMatch(text); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        result += QStringView(text).sliced(end, match.capturedStart(1) - end);
+        result += QString::number(match.captured(1).toDouble() * factor);
+        end = match.capturedEnd(1);
+    }
+    return (result + QStringView(text).sliced(end)).toUtf8();
+}
+
+/// The parsed drawings for each weight of the pen, each read when it is first used.
+QSvgRenderer *drawing(const QString &name, double points) {
+    static std::map<std::pair<QString, double>, std::unique_ptr<QSvgRenderer>> drawings;
+    const double factor = penFactor(points);
+    auto found = drawings.find({name, factor});
     if (found == drawings.end()) {
         std::unique_ptr<QSvgRenderer> renderer;
-        if (hasSymbol(name))
-            renderer = std::make_unique<QSvgRenderer>(fileOf(name));
-        found = drawings.emplace(name, std::move(renderer)).first;
+        QFile file(fileOf(name));
+        if (hasSymbol(name) && file.open(QFile::ReadOnly))
+            renderer = std::make_unique<QSvgRenderer>(withPen(file.readAll(), factor));
+        found = drawings.emplace(std::pair(name, factor), std::move(renderer)).first;
     }
     return found->second.get();
 }
@@ -108,13 +136,15 @@ bool hasSymbol(const QString &name) {
 }
 
 void paintSymbol(QPainter &painter, const QString &name, const QRectF &rect, const QBrush &tint) {
-    QSvgRenderer *renderer = drawing(name);
-    if (!renderer || rect.isEmpty())
+    if (rect.isEmpty())
         return;
     // The scene scales the painter where an icon scales its device; this is both.
     const double ratio = std::abs(painter.deviceTransform().m11());
     const double side = std::min(rect.width(), rect.height());
     const int pixels = std::max(1, qRound(side * ratio));
+    QSvgRenderer *renderer = drawing(name, side);
+    if (!renderer)
+        return;
     QImage image = tinted(mask(*renderer, pixels), stretched(tint, pixels));
     image.setDevicePixelRatio(pixels / side);
     painter.drawImage(QPointF(rect.center().x() - side / 2, rect.center().y() - side / 2), image);

@@ -11,7 +11,7 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
+#include <tuple>
 
 namespace pimloft {
 
@@ -46,84 +46,18 @@ double interfaceSize() {
 
 }  // namespace
 
-ThemeColors ThemeColors::light() {
-    ThemeColors colors;
-    colors.window = 0xf5f5f8;
-    colors.sidebar = 0xebecf1;
-    colors.card = 0xffffff;
-    colors.outline = 0xdedfe6;
-    colors.separator = 0xe9eaef;
-    colors.text = 0x1b1c20;
-    colors.secondaryText = 0x5f616b;
-    colors.accent = 0x2563eb;
-    colors.accentEnd = 0x0891b2;
-    colors.accentPressed = 0x1d4fc4;
-    colors.onAccent = 0xffffff;
-    colors.accentText = 0x1d4ed8;
-    colors.accentSoft = 0xe2ebfd;
-    colors.control = 0xffffff;
-    colors.controlHovered = 0xf6f7fa;
-    colors.controlPressed = 0xe9eaf0;
-    colors.controlOutline = 0xc9cbd4;
-    colors.hovered = 0xf4f5f9;
-    colors.unlit = 0xe9eaf0;
-    colors.track = 0xc6c8d1;
-    colors.knob = 0xffffff;
-    colors.success = 0x147a3a;
-    colors.successSoft = 0xddf3e4;
-    colors.warning = 0xa34a08;
-    colors.warningSoft = 0xfdf0dc;
-    colors.danger = 0xc8281e;
-    colors.pinned = 0xd96a00;
-    colors.focusRing = 0x5b8df5;
-    colors.shade = QColor(0x16, 0x18, 0x20, 92);
-    return colors;
-}
-
-ThemeColors ThemeColors::dark() {
-    ThemeColors colors;
-    colors.window = 0x1c1d20;
-    colors.sidebar = 0x232428;
-    colors.card = 0x292a2f;
-    colors.outline = 0x3a3b42;
-    colors.separator = 0x36373d;
-    colors.text = 0xf1f1f4;
-    colors.secondaryText = 0xa7a9b4;
-    colors.accent = 0x2d6bf0;
-    colors.accentEnd = 0x0e9bbd;
-    colors.accentPressed = 0x2459ce;
-    colors.onAccent = 0xffffff;
-    colors.accentText = 0x83b1ff;
-    colors.accentSoft = 0x22314f;
-    colors.control = 0x3a3b42;
-    colors.controlHovered = 0x43454d;
-    colors.controlPressed = 0x33343a;
-    colors.controlOutline = 0x4d4f58;
-    colors.hovered = 0x313238;
-    colors.unlit = 0x3d3e45;
-    colors.track = 0x565862;
-    colors.knob = 0xf4f4f7;
-    colors.success = 0x57d487;
-    colors.successSoft = 0x1d3a29;
-    colors.warning = 0xf6b73c;
-    colors.warningSoft = 0x3d3019;
-    colors.danger = 0xff6b61;
-    colors.pinned = 0xff9f2e;
-    colors.focusRing = 0x6b9dfb;
-    colors.shade = QColor(0, 0, 0, 150);
-    return colors;
-}
-
 Theme &Theme::shared() {
     return Process::current().shared<Theme>(
         [](Process &process) { return std::make_unique<Theme>(process.platform().appearance); });
 }
 
 Theme::Theme(AppearanceService &appearance)
-    : appearance_(appearance), isDark_(appearance.isDark()),
-      colors_(isDark_ ? ThemeColors::dark() : ThemeColors::light()), families_(interfaceFamilies()),
-      bodySize_(interfaceSize()) {
-    appearance_.onChanged = [this] { read(); };
+    : appearance_(appearance), families_(interfaceFamilies()), bodySize_(interfaceSize()) {
+    read();
+    appearance_.onChanged = [this] {
+        if (read())
+            emit changed();
+    };
 }
 
 Theme::~Theme() {
@@ -136,11 +70,17 @@ Theme *Theme::create(QQmlEngine *, QJSEngine *) {
     return theme;
 }
 
-void Theme::read() {
-    if (std::exchange(isDark_, appearance_.isDark()) == isDark_)
-        return;
-    colors_ = isDark_ ? ThemeColors::dark() : ThemeColors::light();
-    emit changed();
+bool Theme::read() {
+    const auto look = [this] { return std::tuple(isDark_, isHighContrast_, reducesMotion_); };
+    const auto before = look();
+    isDark_ = appearance_.isDark();
+    isHighContrast_ = appearance_.isHighContrast();
+    reducesMotion_ = appearance_.reducesMotion();
+    if (isHighContrast_)
+        colors_ = isDark_ ? ThemeColors::darkHighContrast() : ThemeColors::lightHighContrast();
+    else
+        colors_ = isDark_ ? ThemeColors::dark() : ThemeColors::light();
+    return look() != before;
 }
 
 QFont Theme::font(double factor, QFont::Weight weight) const {

@@ -82,15 +82,18 @@ public:
 
     static ThemeColors light();
     static ThemeColors dark();
+    static ThemeColors lightHighContrast();
+    static ThemeColors darkHighContrast();
 };
 
-/// How everything looks: colours that follow the desktop between light and dark, the type scale that follows
-/// its font, and the measures that all controls share, in points. Main thread.
+/// How everything looks: colours that follow the desktop between light and dark and to high contrast, the
+/// type scale that follows its font, and the measures that all controls share, in points. Main thread.
 class Theme : public QObject {
     Q_OBJECT
     QML_NAMED_ELEMENT(Theme)
     QML_SINGLETON
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
+    Q_PROPERTY(bool isHighContrast READ isHighContrast NOTIFY changed)
     Q_PROPERTY(pimloft::ThemeColors colors READ colors NOTIFY changed)
     Q_PROPERTY(QFont title READ title CONSTANT)
     Q_PROPERTY(QFont headline READ headline CONSTANT)
@@ -99,6 +102,9 @@ class Theme : public QObject {
     Q_PROPERTY(QFont calloutBold READ calloutBold CONSTANT)
     Q_PROPERTY(QFont caption READ caption CONSTANT)
     Q_PROPERTY(QFont display READ display CONSTANT)
+    Q_PROPERTY(QFont hero READ hero CONSTANT)
+    Q_PROPERTY(QColor brand READ brand CONSTANT)
+    Q_PROPERTY(QColor brandEnd READ brandEnd CONSTANT)
     Q_PROPERTY(QFont keys READ keys CONSTANT)
     Q_PROPERTY(QFont keysCaption READ keysCaption CONSTANT)
     Q_PROPERTY(double unit MEMBER unit CONSTANT)
@@ -109,8 +115,8 @@ class Theme : public QObject {
     Q_PROPERTY(double controlRadius MEMBER controlRadius CONSTANT)
     Q_PROPERTY(double pageWidth READ pageWidth CONSTANT)
     Q_PROPERTY(double panelListHeight READ panelListHeight CONSTANT)
-    Q_PROPERTY(int quick MEMBER quick CONSTANT)
-    Q_PROPERTY(int calm MEMBER calm CONSTANT)
+    Q_PROPERTY(int quick READ quick NOTIFY changed)
+    Q_PROPERTY(int calm READ calm NOTIFY changed)
 
 public:
     static Theme &shared();
@@ -121,7 +127,13 @@ public:
     static Theme *create(QQmlEngine *, QJSEngine *);
 
     bool isDark() const { return isDark_; }
+    bool isHighContrast() const { return isHighContrast_; }
     const ThemeColors &colors() const { return colors_; }
+
+    /// How long an animation takes that answers a touch, and one that moves something, in milliseconds.
+    /// Nothing moves where the user does not want it.
+    int quick() const { return reducesMotion_ ? 0 : 90; }
+    int calm() const { return reducesMotion_ ? 0 : 160; }
 
     QFont title() const { return font(1.25, QFont::DemiBold); }
     QFont headline() const { return font(1, QFont::DemiBold); }
@@ -131,6 +143,11 @@ public:
     QFont caption() const { return font(0.86, QFont::Normal); }
     /// For one number that a window is about: 48 points high, whatever the desktop's font.
     QFont display() const;
+    /// For what a window welcomes with.
+    QFont hero() const { return font(1.7, QFont::DemiBold); }
+    /// The brand's gradient, which is the same in every look.
+    QColor brand() const { return ThemeColors::light().accent; }
+    QColor brandEnd() const { return ThemeColors::light().accentEnd; }
     /// For the names of keys: all digits and carets equally wide.
     QFont keys() const { return keyFont(0.9); }
     QFont keysCaption() const { return keyFont(0.82); }
@@ -149,10 +166,13 @@ signals:
 private:
     QFont font(double factor, QFont::Weight weight) const;
     QFont keyFont(double factor) const;
-    void read();
+    /// Whether anything has changed.
+    bool read();
 
     AppearanceService &appearance_;
     bool isDark_ = false;
+    bool isHighContrast_ = false;
+    bool reducesMotion_ = false;
     ThemeColors colors_;
     QStringList families_;
     double bodySize_;  ///< points
@@ -160,8 +180,6 @@ private:
     double unit = 4;  ///< of the grid that all spacing is a multiple of
     double cardRadius = 10;
     double controlRadius = 6;
-    int quick = 90;  ///< milliseconds: what answers a touch
-    int calm = 160;  ///< milliseconds: what moves
 };
 
 }  // namespace pimloft

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/support/desktop_test.h"
 
+#include "desktop/support/first_run.h"
+
 #include <QDir>
 
 #include <csignal>
@@ -50,6 +52,7 @@ void DesktopTest::openDesktop(const QString &windowManager, const QStringList &s
     session_ = std::make_unique<DesktopSession>(
         DesktopSession::Options{.windowManager = windowManager, .serverArguments = serverArguments});
     desktop_ = std::make_unique<XDesktop>(session_->display());
+    skipFirstRun(*session_);
 }
 
 PhysicalInput &DesktopTest::hands() {
@@ -60,9 +63,13 @@ PhysicalInput &DesktopTest::hands() {
 
 Program &DesktopTest::startPimloft(const Variables &variables) {
     programs_.push_back(std::make_unique<Program>(session(), QStringList(), variables));
+    expectShortcuts();
+    return pimloft();
+}
+
+void DesktopTest::expectShortcuts() {
     EXPECT_TRUE(waitUntil([this] { return desktop().isKeyTaken(lastShortcut, controlSuper); }, 10000))
         << "its shortcuts do not come up";
-    return pimloft();
 }
 
 Program &DesktopTest::startPimloftWithoutShortcuts() {
@@ -70,6 +77,20 @@ Program &DesktopTest::startPimloftWithoutShortcuts() {
     EXPECT_TRUE(waitUntil([this] { return pimloft().isReachable(); }, 10000) && pimloft().answers())
         << "it does not come up";
     return pimloft();
+}
+
+void DesktopTest::goThroughFirstRun() {
+    const QString title = QStringLiteral("Welcome to Pimloft");
+    ASSERT_TRUE(waitUntil([&] { return desktop().window(title) == desktop().activeWindow(); }, 10000))
+        << "it does not begin";
+    // Return goes on from every step but that of the permission, which leaves by itself.
+    ASSERT_TRUE(waitUntil(
+        [&] {
+            hands().tap(KEY_ENTER);
+            return waitUntil([&] { return !desktop().window(title); }, 200);
+        },
+        20000))
+        << "it does not end";
 }
 
 xcb_window_t DesktopTest::openWindow(Client client, const QString &title, const QRect &frame,

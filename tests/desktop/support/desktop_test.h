@@ -24,11 +24,15 @@ protected:
     ~DesktopTest() override;
     void TearDown() override;
 
+    /// Its user has used the program before.
     void openDesktop(const QString &windowManager, const QStringList &serverArguments = {});
     /// Starts Pimloft and waits until its shortcuts are live.
     Program &startPimloft(const Variables &variables = {});
     /// As above, where it cannot have shortcuts.
     Program &startPimloftWithoutShortcuts();
+    void expectShortcuts();
+    /// Goes through the first run's window by the keyboard.
+    void goThroughFirstRun();
 
     enum class Client { xterm, gtk, qt };
     /// Opens a window of that program, gives it the keyboard and puts its visible frame there.

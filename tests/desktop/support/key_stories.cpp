@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/support/key_stories.h"
 
+#include "desktop/support/first_run.h"
 #include "platform/x11/key_positions.h"
 
 #include <QDir>
@@ -159,7 +160,7 @@ void KeyStoryTest::storeSettings(const std::vector<Step> &steps) {
         else if (step.verb == QLatin1String("rule"))
             mappings << mappingOf(ruleOfText(step.rest));
     }
-    write(session().home() + QStringLiteral("/config/Pimloft/preferences.json"), QJsonDocument(preferences));
+    skipFirstRun(session(), preferences);
     write(session().home() + QStringLiteral("/data/Pimloft/key_mappings.json"), QJsonDocument(mappings));
 }
 

@@ -86,14 +86,14 @@ private:
 
     xcb_window_t window() {
         const QString title = next();
-        if (!waitUntil([&] { return desktop_.window(title).has_value(); }, 15000))
+        if (!waitUntil([&] { return desktop_.window(title).has_value(); }, 60000))
             fail(QStringLiteral("no window ") + title);
         return *desktop_.window(title);
     }
 
     void waitForShortcuts() {
         const auto live = [&] { return desktop_.isKeyTaken(KEY_6, XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_4); };
-        if (!waitUntil(live, 15000))
+        if (!waitUntil(live, 60000))
             fail(QStringLiteral("Pimloft does not come up"));
     }
 
@@ -142,6 +142,13 @@ private:
             {QStringLiteral("escape"), KEY_ESC},
             {QStringLiteral("return"), KEY_ENTER},
             {QStringLiteral("space"), KEY_SPACE},
+            {QStringLiteral("rightshift"), KEY_RIGHTSHIFT},
+            {QStringLiteral("pagedown"), KEY_PAGEDOWN},
+            {QStringLiteral("end"), KEY_END},
+            {QStringLiteral("f4"), KEY_F4},
+            {QStringLiteral("c"), KEY_C},
+            {QStringLiteral("v"), KEY_V},
+            {QStringLiteral("x"), KEY_X},
             {QStringLiteral("1"), KEY_1},
             {QStringLiteral("2"), KEY_2},
             {QStringLiteral("3"), KEY_3},

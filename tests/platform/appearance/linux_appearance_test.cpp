@@ -25,32 +25,40 @@ class Portal : public QObject {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 
 public:
-    explicit Portal(uint scheme) : scheme_(scheme) {
+    explicit Portal(uint scheme) : settings_{{colorScheme, scheme}} {
         bus_.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), this,
                             QDBusConnection::ExportAllSlots);
         bus_.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
     }
     ~Portal() override { QDBusConnection::disconnectFromBus(QStringLiteral("portal")); }
 
-    void choose(uint scheme) {
-        scheme_ = scheme;
+    static inline const QString appearance = QStringLiteral("org.freedesktop.appearance");
+    static inline const QString interface = QStringLiteral("org.gnome.desktop.interface");
+    static inline const QString colorScheme = QStringLiteral("color-scheme");
+
+    void choose(uint scheme) { choose(appearance, colorScheme, scheme); }
+    void choose(const QString &group, const QString &key, const QVariant &value) {
+        settings_[key] = value;
         QDBusMessage signal = QDBusMessage::createSignal(QStringLiteral("/org/freedesktop/portal/desktop"),
                                                          QStringLiteral("org.freedesktop.portal.Settings"),
                                                          QStringLiteral("SettingChanged"));
-        signal << QStringLiteral("org.freedesktop.appearance") << QStringLiteral("color-scheme")
-               << QVariant::fromValue(QDBusVariant(scheme));
+        signal << group << key << QVariant::fromValue(QDBusVariant(value));
         bus_.send(signal);
     }
 
 public slots:
-    QDBusVariant Read(const QString &group, const QString &key) {
-        EXPECT_EQ(group, QStringLiteral("org.freedesktop.appearance"));
-        EXPECT_EQ(key, QStringLiteral("color-scheme"));
-        return QDBusVariant(QVariant::fromValue(QDBusVariant(scheme_)));
+    QDBusVariant Read(const QString &group, const QString &key, const QDBusMessage &message) {
+        EXPECT_TRUE(group == appearance || group == interface) << group.toStdString();
+        if (settings_.contains(key))
+            return QDBusVariant(QVariant::fromValue(QDBusVariant(settings_[key])));
+        message.setDelayedReply(true);
+        bus_.send(message.createErrorReply(QStringLiteral("org.freedesktop.portal.Error.NotFound"),
+                                           QStringLiteral("Requested setting not found")));
+        return {};
     }
 
 private:
-    uint scheme_;
+    QVariantMap settings_;
     QDBusConnection bus_ =
         QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("portal"));
 };
@@ -77,6 +85,12 @@ protected:
     }
     bool becomes(bool dark) {
         return waitUntil([&] { return appearance_->isDark() == dark; });
+    }
+    bool becomesHighContrast(bool high) {
+        return waitUntil([&] { return appearance_->isHighContrast() == high; });
+    }
+    bool becomesStill(bool still) {
+        return waitUntil([&] { return appearance_->reducesMotion() == still; });
     }
     bool isTold(int changes) {
         return waitUntil([&] { return changes_ == changes; });
@@ -156,6 +170,42 @@ TEST_F(LinuxAppearanceTest, followsAPortalThatComesAndGoes) {
     const Portal again(1);
     EXPECT_TRUE(becomes(true));
     EXPECT_TRUE(isTold(3));
+}
+
+TEST_F(LinuxAppearanceTest, followsAThemeOfHighContrast) {
+    watch();
+    publish("Net/ThemeName \"HighContrastInverse\"\n");
+    EXPECT_TRUE(becomesHighContrast(true));
+    EXPECT_TRUE(appearance_->isDark());
+    EXPECT_TRUE(isTold(1)) << "both at once";
+    publish("Net/ThemeName \"Adwaita\"\n");
+    EXPECT_TRUE(becomesHighContrast(false));
+}
+
+TEST_F(LinuxAppearanceTest, followsSettingsThatSwitchAnimationsOff) {
+    watch();
+    publish("Gtk/EnableAnimations 0\n");
+    EXPECT_TRUE(becomesStill(true));
+    publish("Gtk/EnableAnimations 1\n");
+    EXPECT_TRUE(becomesStill(false));
+    EXPECT_TRUE(isTold(2));
+}
+
+TEST_F(LinuxAppearanceTest, followsThePortalsWishesForContrastAndMotion) {
+    watch();
+    {
+        Portal portal(0);
+        portal.choose(Portal::appearance, QStringLiteral("contrast"), 1u);
+        EXPECT_TRUE(becomesHighContrast(true));
+        portal.choose(Portal::appearance, QStringLiteral("reduced-motion"), 1u);
+        EXPECT_TRUE(becomesStill(true));
+        portal.choose(Portal::appearance, QStringLiteral("reduced-motion"), 0u);
+        EXPECT_TRUE(becomesStill(false));
+        portal.choose(Portal::interface, QStringLiteral("enable-animations"), false);
+        EXPECT_TRUE(becomesStill(true));
+    }
+    EXPECT_TRUE(becomesHighContrast(false)) << "the portal has gone";
+    EXPECT_TRUE(becomesStill(false));
 }
 
 TEST_F(LinuxAppearanceTest, worksWithoutABus) {

@@ -100,6 +100,7 @@ TEST(XSettings, areReadUpToWhatMakesNoSense) {
 struct Theme {
     const char *name;
     bool isDark;
+    bool isHighContrast = false;
 
     friend void PrintTo(const Theme &theme, std::ostream *out) { *out << theme.name; }
 };
@@ -111,20 +112,33 @@ TEST_P(ThemeCalled, isDarkOrLight) {
               GetParam().isDark);
 }
 
-INSTANTIATE_TEST_SUITE_P(XSettings, ThemeCalled,
-                         testing::Values(Theme{"", false}, Theme{"Adwaita", false},
-                                         Theme{"Adwaita-dark", true}, Theme{"Adwaita:dark", true},
-                                         Theme{"Greybird-Dark", true}, Theme{"Arc", false},
-                                         Theme{"Arc-Darker", false}, Theme{"Arc-Dark-solid", true},
-                                         Theme{"Mint-Y-Dark-Aqua", true}, Theme{"Breeze", false},
-                                         Theme{"BreezeDark", true}, Theme{"Breeze Dark", true},
-                                         Theme{"HighContrast", false}, Theme{"HighContrastInverse", true},
-                                         Theme{"Darkness", false}, Theme{"Dark", true}));
+TEST_P(ThemeCalled, isOfHighContrastOrNot) {
+    EXPECT_EQ(prefersHighContrast({{QStringLiteral("Net/ThemeName"), QLatin1String(GetParam().name)}}),
+              GetParam().isHighContrast);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    XSettings, ThemeCalled,
+    testing::Values(Theme{"", false}, Theme{"Adwaita", false}, Theme{"Adwaita-dark", true},
+                    Theme{"Adwaita:dark", true}, Theme{"Greybird-Dark", true}, Theme{"Arc", false},
+                    Theme{"Arc-Darker", false}, Theme{"Arc-Dark-solid", true},
+                    Theme{"Mint-Y-Dark-Aqua", true}, Theme{"Breeze", false}, Theme{"BreezeDark", true},
+                    Theme{"Breeze Dark", true}, Theme{"HighContrast", false, true},
+                    Theme{"HighContrastInverse", true, true}, Theme{"ContrastHigh", false, true},
+                    Theme{"Yaru-hc", false, true}, Theme{"Orchis", false}, Theme{"Darkness", false},
+                    Theme{"Dark", true}));
 
 TEST(XSettings, mayAskForDarkWhateverTheTheme) {
     EXPECT_TRUE(prefersDark({{QStringLiteral("Net/ThemeName"), QStringLiteral("Adwaita")},
                              {QStringLiteral("Gtk/ApplicationPreferDarkTheme"), 1}}));
     EXPECT_FALSE(prefersDark({{QStringLiteral("Gtk/ApplicationPreferDarkTheme"), 0}}));
+}
+
+TEST(XSettings, maySwitchAnimationsOff) {
+    const QString animations = QStringLiteral("Gtk/EnableAnimations");
+    EXPECT_TRUE(prefersReducedMotion({{animations, 0}}));
+    EXPECT_FALSE(prefersReducedMotion({{animations, 1}}));
+    EXPECT_FALSE(prefersReducedMotion({}));
 }
 
 }  // namespace

@@ -82,6 +82,17 @@ TEST_F(Dialogs, showAnAlertInFrontAndTellOnceThatItWasClosed) {
     EXPECT_EQ(openDialog<QMessageBox>(), nullptr);
 }
 
+TEST_F(Dialogs, bearTheProgramsNameAndSetTheMessageOffFromItsExplanation) {
+    warn();
+    auto *box = openDialog<QMessageBox>();
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->windowTitle(), QStringLiteral("Pimloft"));
+    const auto weight = [box](const char *label) {
+        return box->findChild<QLabel *>(QLatin1String(label))->font().weight();
+    };
+    EXPECT_GT(weight("qt_msgbox_label"), weight("qt_msgbox_informativelabel"));
+}
+
 TEST_F(Dialogs, showTextsAsTheyStand) {
     warn();
     auto *box = openDialog<QMessageBox>();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/appearance/fake_appearance.h"
 #include "platform/panels/x11_panel.h"
 #include "platform/panels/x11_panels.h"
 #include "support/desktop_session.h"
@@ -48,7 +49,8 @@ struct PanelDesktop : testing::Test {
     X11Hotkeys hotkeys{session, keyboard, input};
     X11ActiveWindow activeWindow{session};
     X11Compositor compositor{session};
-    X11Panels panels{{displays, keyboard, hotkeys, input, activeWindow, compositor}};
+    FakeAppearance appearance;
+    X11Panels panels{{displays, keyboard, hotkeys, input, activeWindow, compositor, appearance}};
     KeySink sink;
     PhysicalInput hands;
     Content *content = nullptr;

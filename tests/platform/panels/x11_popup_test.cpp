@@ -247,7 +247,7 @@ TEST_F(PopupTest, aScreenThatLocksIsReported) {
 }
 
 TEST_F(PopupTest, withoutInputItIsReportedIdle) {
-    X11Panels hasty({displays, keyboard, hotkeys, input, activeWindow, compositor},
+    X11Panels hasty({displays, keyboard, hotkeys, input, activeWindow, compositor, appearance},
                     std::chrono::milliseconds(300));
     popup = make(PanelKind::popup, hasty);
     QElapsedTimer sinceInput;

@@ -79,6 +79,20 @@ TEST_F(DefaultPrograms, openTheHelpPageForALinkToTheSettings) {
     EXPECT_EQ(opened(), QUrl::fromLocalFile(help + QStringLiteral("/permissions.html")).toString());
 }
 
+TEST_F(DefaultPrograms, getNothingButLinksToTheWeb) {
+    X11Session session;
+    X11ActiveWindow active(session);
+    X11Workspace workspace(session, active, QString(), QDBusConnection::sessionBus());
+    const QString page = currentSession().home() + QStringLiteral("/page.html");
+    write(page, "<p>");
+    ASSERT_TRUE(openWithDefaultProgram(QUrl::fromLocalFile(page)));
+    opened();
+    EXPECT_FALSE(workspace.open(QUrl::fromLocalFile(page)));
+    EXPECT_FALSE(workspace.open(QUrl(QStringLiteral("page.html"))));
+    EXPECT_FALSE(workspace.open(QUrl(QStringLiteral("smb://example.org/a"))));
+    EXPECT_TRUE(workspace.open(QUrl(QStringLiteral("https://example.org/a"))));
+}
+
 /// A file manager on the bus, at another connection than the one that asks.
 class FileManager : public QObject {
     Q_OBJECT

@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+// The first run and the news, gone through as a new user does.
+#include "desktop/support/desktop_test.h"
+#include "desktop/support/first_run.h"
+#include "desktop/support/tray_host.h"
+
+#include <csignal>
+
+namespace pimloft::test {
+namespace {
+
+constexpr std::uint16_t superShift = XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT;
+const QString welcome = QStringLiteral("Welcome to Pimloft");
+const QString news = QStringLiteral("What's New");
+const QString completed = QStringLiteral("pimloft.general.hasCompletedOnboarding");
+const QString lastSeen = QStringLiteral("pimloft.general.lastSeenVersion");
+const QString snapping = QStringLiteral("pimloft.windowsnap.enabled");
+
+class FirstRun : public DesktopTest {
+protected:
+    void SetUp() override {
+        openDesktop(QStringLiteral("openbox"));
+        forgetPreferences(session());
+    }
+
+    void waitFor(const QString &title) {
+        ASSERT_TRUE(waitUntil(
+            [&] {
+                const auto window = desktop().window(title);
+                return window && desktop().activeWindow() == *window;
+            },
+            10000))
+            << title.toStdString() << " does not open";
+        letPimloftCatchUp();
+    }
+    void begin() {
+        startPimloftWithoutShortcuts();
+        waitFor(welcome);
+    }
+    void end() {
+        pimloft().signal(SIGTERM);
+        EXPECT_EQ(pimloft().waitForEnd(), 0);
+    }
+    bool isOpen(const QString &title) { return desktop().window(title).has_value(); }
+
+    /// Where the content of a window is, without the window manager's frame.
+    QRect content(const QString &title) {
+        const QRect frame = desktop().visibleFrame(*desktop().window(title));
+        const QSize size = title == welcome ? QSize(560, 480) : QSize(420, 400);
+        const int border = (frame.width() - size.width()) / 2;
+        return {frame.left() + border, frame.bottom() + 1 - border - size.height(), size.width(),
+                size.height()};
+    }
+    /// The button at the end of the first run's bar.
+    QPoint forwardButton() { return content(welcome).bottomRight() - QPoint(32 + 20, 32 + 12); }
+
+    QJsonObject stored() { return storedPreferences(session()); }
+    bool snaps() { return desktop().isKeyTaken(KEY_6, controlSuper); }
+    bool records() { return desktop().isKeyTaken(KEY_V, superShift); }
+};
+
+TEST_F(FirstRun, isOneWindowAboveAllOthersBesideTheTray) {
+    TrayHost tray(session().display());
+    begin();
+    EXPECT_TRUE(waitUntil([&] { return tray.hasIcon(); }));
+    EXPECT_TRUE(desktop().states(*desktop().window(welcome)).contains(QStringLiteral("ABOVE")));
+    const QRect frame = desktop().visibleFrame(*desktop().window(welcome));
+    EXPECT_NEAR(frame.width(), 560, 4);
+    EXPECT_NEAR(frame.height(), 480 + 24, 12);
+    EXPECT_NEAR(frame.center().x(), desktop().screen().center().x(), 2);
+    EXPECT_FALSE(snaps());
+    EXPECT_FALSE(records());
+    EXPECT_TRUE(stored().isEmpty());
+
+    EXPECT_EQ(launch(session(), {}).exitCode, 0);
+    EXPECT_TRUE(waitUntil([&] { return panelFrame().has_value(); })) << "the panel does not open beside it";
+    hands().tap(KEY_ESC);
+    EXPECT_TRUE(waitUntil([&] { return !panelFrame(); }));
+    EXPECT_TRUE(isOpen(welcome));
+}
+
+TEST_F(FirstRun, isGoneThroughByMouse) {
+    begin();
+    picture(QStringLiteral("first-run-welcome"));
+    // A click that comes before a step is on screen is made again; on the step of the permission there is
+    // nothing in that place.
+    QPoint windowSnapSwitch = content(welcome).topRight() + QPoint(-(32 + 34), 32 + 110);
+    hands().click(forwardButton());
+    ASSERT_TRUE(waitUntil([&] {
+        hands().click(windowSnapSwitch);
+        return waitUntil([&] { return stored().value(snapping) == QJsonValue(false); }, 400);
+    })) << "the module is not switched off";
+    picture(QStringLiteral("first-run-modules"));
+    EXPECT_TRUE(waitUntil(
+        [&] {
+            hands().click(forwardButton());
+            return waitUntil([&] { return !isOpen(welcome); }, 300);
+        },
+        20000));
+    EXPECT_EQ(stored().value(completed), QJsonValue(true));
+    EXPECT_TRUE(waitUntil([&] { return records(); })) << "the modules do not start";
+    letPimloftCatchUp();
+    EXPECT_FALSE(snaps()) << "what was switched off starts";
+    EXPECT_FALSE(isOpen(news)) << "a new user is told news";
+}
+
+TEST_F(FirstRun, isGoneThroughByKeyboard) {
+    begin();
+    hands().tap(KEY_ESC);
+    hands().tap(KEY_TAB);
+    hands().tap(KEY_SPACE);
+    // The first stop of the modules is the switch of the first one.
+    ASSERT_TRUE(waitUntil([&] {
+        hands().tap(KEY_TAB);
+        hands().tap(KEY_SPACE);
+        return waitUntil([&] { return stored().contains(snapping); }, 400);
+    })) << "the module is not switched";
+    goThroughFirstRun();
+    EXPECT_EQ(stored().value(completed), QJsonValue(true));
+    EXPECT_TRUE(waitUntil([&] { return records(); }));
+    EXPECT_EQ(snaps(), stored().value(snapping).toBool());
+}
+
+TEST_F(FirstRun, beginsAnewWhenItsWindowWasClosed) {
+    begin();
+    hands().tap(KEY_ENTER);
+    desktop().close(*desktop().window(welcome));
+    EXPECT_TRUE(waitUntil([&] { return !isOpen(welcome); }));
+    letPimloftCatchUp();
+    EXPECT_FALSE(records()) << "modules start without it";
+    EXPECT_TRUE(stored().isEmpty());
+    end();
+    begin();
+    goThroughFirstRun();
+    expectShortcuts();
+}
+
+TEST_F(FirstRun, isFollowedByTheNewsOnlyAtTheNextStart) {
+    begin();
+    goThroughFirstRun();
+    expectShortcuts();
+    EXPECT_FALSE(isOpen(news));
+    end();
+
+    startPimloft();
+    waitFor(news);
+    EXPECT_FALSE(desktop().states(*desktop().window(news)).contains(QStringLiteral("ABOVE")));
+    EXPECT_NEAR(desktop().visibleFrame(*desktop().window(news)).width(), 420, 4);
+    picture(QStringLiteral("news"));
+    desktop().close(*desktop().window(news));
+    EXPECT_TRUE(waitUntil([&] { return !isOpen(news); }));
+    EXPECT_FALSE(stored().contains(lastSeen)) << "the close box counts as having read them";
+    end();
+
+    startPimloft();
+    waitFor(news);
+    hands().tap(KEY_ENTER);
+    EXPECT_TRUE(waitUntil([&] { return !isOpen(news); }));
+    EXPECT_EQ(stored().value(lastSeen), QJsonValue(QStringLiteral("1.0.0")));
+    end();
+
+    startPimloft();
+    letPimloftCatchUp();
+    EXPECT_FALSE(isOpen(news)) << "it tells the same news again";
+}
+
+}  // namespace
+}  // namespace pimloft::test
