@@ -79,6 +79,7 @@ pimloft_library(pimloft_platform_linux
         files/copied_entry.h
         files/descriptor.h
         files/file_calls.cpp files/file_calls.h
+        files/file_error.cpp files/file_error.h
         files/file_content.cpp files/file_content.h
         files/file_metadata.cpp
         files/linux_files.cpp files/linux_files.h

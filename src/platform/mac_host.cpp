@@ -8,6 +8,7 @@
 #include "platform/events/mac_key_poster.h"
 #include "platform/events/mac_key_tap.h"
 #include "platform/events/mac_mouse_watch.h"
+#include "platform/files/mac_files.h"
 #include "platform/hotkeys/mac_hotkeys.h"
 #include "platform/loginitem/mac_login_item.h"
 #include "platform/mac/mac_application.h"
@@ -16,6 +17,7 @@
 #include "platform/platform.h"
 #include "platform/preferences/mac_preferences.h"
 #include "platform/scripting/mac_scripting.h"
+#include "platform/templates_menu/mac_templates_menu.h"
 #include "platform/windows/mac_windows.h"
 #include "platform/workspace/mac_workspace.h"
 
@@ -38,6 +40,7 @@ public:
                 .diagnosis = diagnosis_,
                 .dialogs = dialogs_,
                 .displays = displays_,
+                .files = files_,
                 .hotkeys = hotkeys_,
                 .keys = keys_,
                 .keyTap = keyTap_,
@@ -47,6 +50,7 @@ public:
                 .pasteboard = pasteboard_,
                 .preferences = preferences_,
                 .scripting = scripting_,
+                .templatesMenu = templatesMenu_,
                 .windows = windows_,
                 .workspace = workspace_};
     }
@@ -65,10 +69,12 @@ private:
     MacDiagnosis diagnosis_{windows_, keyTap_, audio_};
     MacHotkeys hotkeys_;
     MacWorkspace workspace_;
-    MacPanels panels_;
+    MacPanels panels_{appearance_};
     MacKeyPoster keys_{[this] { panels_.endTyping(); }};
     MacPasteboard pasteboard_;
     MacScripting scripting_;
+    MacFiles files_;
+    MacTemplatesMenu templatesMenu_;
 };
 
 }  // namespace

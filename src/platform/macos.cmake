@@ -24,6 +24,9 @@ set(PIMLOFT_MAC_SOURCES
     events/mac_key_tap.cpp events/mac_key_tap.h
     events/mac_mouse_watch.cpp events/mac_mouse_watch.h
     events/mac_pointer.h events/mac_pointer.mm
+    files/file_error.cpp files/file_error.h
+    files/mac_files.cpp files/mac_files.h
+    files/mac_staged_copy.cpp files/mac_staged_copy.h
     hotkeys/mac_hotkeys.cpp hotkeys/mac_hotkeys.h
     instance/local_instance.cpp instance/local_instance.h
     instance/mac_instance.cpp
@@ -39,6 +42,7 @@ set(PIMLOFT_MAC_SOURCES
     preferences/mac_preferences.cpp preferences/mac_preferences.h
     scripting/mac_apple_script.h scripting/mac_apple_script.mm
     scripting/mac_scripting.cpp scripting/mac_scripting.h
+    templates_menu/mac_templates_menu.h
     windows/mac_windows.cpp windows/mac_windows.h
     workspace/mac_applications.h workspace/mac_applications.mm
     workspace/mac_workspace.cpp workspace/mac_workspace.h)

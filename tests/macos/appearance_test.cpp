@@ -37,6 +37,24 @@ TEST_F(MacAppearanceTest, tellsLaterAndOnlyOfAnotherLook) {
     EXPECT_EQ(told, 1);
 }
 
+TEST_F(MacAppearanceTest, knowsTheUsersWishesForContrastAndMotion) {
+    int told = 0;
+    appearance_.onChanged = [&] { ++told; };
+    mac::changeDisplayOptions(true, false);
+    EXPECT_TRUE(appearance_.isHighContrast());
+    EXPECT_FALSE(appearance_.reducesMotion());
+    mac::changeDisplayOptions(false, true);
+    EXPECT_FALSE(appearance_.isHighContrast());
+    EXPECT_TRUE(appearance_.reducesMotion());
+    runQueue();
+    EXPECT_EQ(told, 2);
+}
+
+TEST_F(MacAppearanceTest, givesTheTrayTheSystemsSymbolAsATemplate) {
+    EXPECT_TRUE(appearance_.traySymbol(QStringLiteral("square.on.square")).isMask());
+    EXPECT_THAT(log(), testing::HasSubstr("symbol square.on.square\nas a template\n"));
+}
+
 TEST_F(MacAppearanceTest, hearsNothingOnceItIsGone) {
     int told = 0;
     {

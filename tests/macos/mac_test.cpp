@@ -41,6 +41,7 @@ MacTest::~MacTest() {
     mac::resetPreferences();
     EXPECT_EQ(mac::problems(), "");
     EXPECT_EQ(mac::liveObjects(), 0) << "objects of the C frameworks that nobody has released";
+    EXPECT_EQ(mac::liveCopyStates(), 0);
     EXPECT_EQ(mac::registrations(), 0) << "observers and monitors that are still registered";
     EXPECT_EQ(leftovers(), "") << "objects that nobody has released";
 }

@@ -3,6 +3,7 @@
 
 #include "fake_appkit.h"
 #include "mac_test.h"
+#include "platform/appearance/mac_appearance.h"
 #include "platform/panels/mac_panels.h"
 
 #include <QPointer>
@@ -26,7 +27,8 @@ protected:
 
     std::vector<std::uintptr_t> views_;
     QPointer<QWindow> content_;  ///< of the newest panel
-    MacPanels panels_{std::chrono::seconds(60), [this](QWindow &) { return views_.emplace_back(mac::makeView()); }};
+    MacAppearance appearance_;
+    MacPanels panels_{appearance_, std::chrono::seconds(60), [this](QWindow &) { return views_.emplace_back(mac::makeView()); }};
 };
 
 }  // namespace pimloft::test

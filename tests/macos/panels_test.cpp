@@ -15,6 +15,12 @@ TEST_F(MacPanelsTest, blends) {
     EXPECT_TRUE(panels_.blends());
 }
 
+TEST_F(MacPanelsTest, moveAtOnceWhereTheUserWantsThat) {
+    EXPECT_FALSE(panels_.reducesMotion());
+    mac::changeDisplayOptions(false, true);
+    EXPECT_TRUE(panels_.reducesMotion());
+}
+
 TEST_F(MacPanelsTest, makesAnOverlayOfItsKindOnce) {
     const auto overlay = make(PanelKind::overlay);
     const mac::PanelState made = *mac::panel(1);

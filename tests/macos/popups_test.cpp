@@ -155,7 +155,7 @@ TEST_F(MacPopupsTest, giveTheKeyboardBackBeforeAKeyIsPosted) {
 
 class MacIdlePopupsTest : public MacPopupsTest {
 protected:
-    MacIdlePopupsTest() : idlePanels_(std::chrono::milliseconds(40), [this](QWindow &) {
+    MacIdlePopupsTest() : idlePanels_(appearance_, std::chrono::milliseconds(40), [this](QWindow &) {
         return views_.emplace_back(mac::makeView());
     }) {}
 

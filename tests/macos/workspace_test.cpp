@@ -63,7 +63,14 @@ TEST_F(MacWorkspaceTest, opensALinkAsItIsWritten) {
 
 TEST_F(MacWorkspaceTest, saysThatNobodyTakesALink) {
     mac::desktop().opensLinks = false;
-    EXPECT_FALSE(workspace_.open(QUrl(QStringLiteral("nobody:knows"))));
+    EXPECT_FALSE(workspace_.open(QUrl(QStringLiteral("https://example.org/"))));
+}
+
+TEST_F(MacWorkspaceTest, opensLinksToTheWebAndTheSettingsOnly) {
+    EXPECT_TRUE(workspace_.open(QUrl(QStringLiteral("https://example.org/a%20b"))));
+    EXPECT_EQ(log(), "open https://example.org/a%20b\n");
+    EXPECT_FALSE(workspace_.open(QUrl(QStringLiteral("file:///Applications/Other.app"))));
+    EXPECT_EQ(log(), "");
 }
 
 TEST_F(MacWorkspaceTest, opensNoLinkThatIsNone) {

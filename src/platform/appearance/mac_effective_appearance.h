@@ -9,7 +9,11 @@ namespace pimloft {
 /// Whether the application is to look dark. Main thread.
 bool effectiveAppearanceIsDark();
 
-/// Is told when that may have changed, until it is destroyed. Main thread.
+/// Whether the user asked the system to raise contrasts, and to move nothing that need not move. Main thread.
+bool systemIncreasesContrast();
+bool systemReducesMotion();
+
+/// Is told when the first may have changed, until it is destroyed. Main thread.
 class MacAppearanceObservation {
 public:
     explicit MacAppearanceObservation(std::function<void()> changed);

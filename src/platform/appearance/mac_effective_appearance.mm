@@ -53,6 +53,18 @@ bool effectiveAppearanceIsDark() {
     }
 }
 
+bool systemIncreasesContrast() {
+    @autoreleasepool {
+        return [[NSWorkspace sharedWorkspace] accessibilityDisplayShouldIncreaseContrast];
+    }
+}
+
+bool systemReducesMotion() {
+    @autoreleasepool {
+        return [[NSWorkspace sharedWorkspace] accessibilityDisplayShouldReduceMotion];
+    }
+}
+
 MacAppearanceObservation::MacAppearanceObservation(std::function<void()> changed)
     : observer_(std::make_unique<Observer>(Observer{std::move(changed), nil})) {
     @autoreleasepool {

@@ -3,8 +3,6 @@
 
 #include "platform/diagnosis/diagnosis.h"
 
-#include <QCoreApplication>
-
 namespace pimloft {
 
 class AudioService;
@@ -14,8 +12,6 @@ class WindowService;
 /// What the user lets the program do in the privacy settings, and whether there is sound. Asks the system,
 /// never the user. Main thread.
 class MacDiagnosis final : public DiagnosisService {
-    Q_DECLARE_TR_FUNCTIONS(MacDiagnosis)
-
 public:
     MacDiagnosis(WindowService &windows, const MacKeyTap &keyTap, AudioService &audio);
 

@@ -12,6 +12,10 @@ namespace pimloft {
 
 namespace {
 
+/// Control and this put the keyboard to the location field, and this back to the files.
+constexpr KeyCode locationKey{37};
+constexpr KeyCode escapeKey{53};
+
 /// A location field that was asked for is there after some of these looks.
 constexpr int looksForField = 6;
 
@@ -140,7 +144,7 @@ void FolderQuestion::tryLocationKeys() {
         [this](const std::function<void(bool)> &acted) {
             const bool isInFront = tools_.hasKeyboard(window_.window);
             if (isInFront) {
-                tools_.keys.post(Key::l, KeyFlags::command);
+                tools_.keys.post(locationKey, KeyFlags::command);
                 tools_.keys.post(Key::c, KeyFlags::command);
             }
             acted(isInFront);
@@ -151,7 +155,7 @@ void FolderQuestion::tryLocationKeys() {
                 paths.push_back(content.bytes);
             check(paths, [this](const std::optional<QByteArray> &folder) {
                 if (folder && tools_.hasKeyboard(window_.window))
-                    tools_.keys.post(Key::escape, KeyFlags::none);
+                    tools_.keys.post(escapeKey, KeyFlags::none);
                 finishOrTryNext(folder);
             });
         });

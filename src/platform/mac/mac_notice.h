@@ -12,6 +12,7 @@ class MacNotice {
 public:
     enum class Kind {
         screensChanged,  ///< a screen came, went or changed its size or its usable area
+        displayOptionsChanged,  ///< contrast, motion and the like
         applicationActivated,
         sessionLeft,   ///< another user's session is in front
         screensSlept,  ///< which locks them where the user wants that

@@ -23,6 +23,8 @@ NSString *nameOf(MacNotice::Kind kind) {
     switch (kind) {
     case MacNotice::Kind::screensChanged:
         return NSApplicationDidChangeScreenParametersNotification;
+    case MacNotice::Kind::displayOptionsChanged:
+        return NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification;
     case MacNotice::Kind::applicationActivated:
         return NSWorkspaceDidActivateApplicationNotification;
     case MacNotice::Kind::sessionLeft:

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/panels/mac_panels.h"
 
+#include "platform/appearance/appearance.h"
 #include "platform/panels/mac_panel.h"
 #include "platform/panels/mac_popup.h"
 
 namespace pimloft {
 
-MacPanels::MacPanels(std::chrono::milliseconds idle, ViewOf viewOf)
-    : idle_(idle), viewOf_(std::move(viewOf)) {
+MacPanels::MacPanels(const AppearanceService &appearance, std::chrono::milliseconds idle, ViewOf viewOf)
+    : appearance_(appearance), idle_(idle), viewOf_(std::move(viewOf)) {
 }
 
 std::unique_ptr<Panel> MacPanels::create(PanelKind kind, std::unique_ptr<QWindow> content) {
@@ -21,6 +22,10 @@ std::unique_ptr<Panel> MacPanels::create(PanelKind kind, std::unique_ptr<QWindow
     if (kind == PanelKind::overlay)
         return std::make_unique<MacOverlay>(std::move(content), view);
     return std::make_unique<MacPopup>(*this, std::move(content), view);
+}
+
+bool MacPanels::reducesMotion() const {
+    return appearance_.reducesMotion();
 }
 
 void MacPanels::endTyping() {

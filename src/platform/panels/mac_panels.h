@@ -9,6 +9,7 @@
 
 namespace pimloft {
 
+class AppearanceService;
 class MacPopup;
 
 /// Panels of AppKit's own kind around views of Qt's. Main thread, with a QGuiApplication.
@@ -18,11 +19,14 @@ public:
     using ViewOf = std::function<std::uintptr_t(QWindow &)>;
 
     /// `idle`: how long a popup waits for input.
-    explicit MacPanels(std::chrono::milliseconds idle = std::chrono::seconds(60), ViewOf viewOf = nativeView);
+    explicit MacPanels(const AppearanceService &appearance,
+                       std::chrono::milliseconds idle = std::chrono::seconds(60),
+                       ViewOf viewOf = nativeView);
 
     std::unique_ptr<Panel> create(PanelKind kind, std::unique_ptr<QWindow> content) override;
     /// Every window of this system is blended.
     bool blends() const override { return true; }
+    bool reducesMotion() const override;
 
     /// The popup that has the keyboard gives it back, as KeyPoster needs it.
     void endTyping();
@@ -32,6 +36,7 @@ public:
 private:
     friend class MacPopup;
 
+    const AppearanceService &appearance_;
     const std::chrono::milliseconds idle_;
     const ViewOf viewOf_;
     MacPopup *typing_ = nullptr;

@@ -28,6 +28,13 @@ Application applicationOf(const MacApplication &known) {
             ProcessId(known.process), policyOf(known.policy)};
 }
 
+/// Links can come from the network: what opens them is a browser or the settings, and nothing that does more.
+bool mayBeOpened(const QUrl &url) {
+    static const QStringList schemes{QStringLiteral("https"), QStringLiteral("http"),
+                                     QStringLiteral("x-apple.systempreferences")};
+    return schemes.contains(url.scheme());
+}
+
 }  // namespace
 
 MacWorkspace::MacWorkspace()
@@ -57,7 +64,7 @@ QIcon MacWorkspace::fileIcon(const QString &path) {
 }
 
 bool MacWorkspace::open(const QUrl &url) {
-    return url.isValid() && openLink(url.toString(QUrl::FullyEncoded).toStdString());
+    return mayBeOpened(url) && openLink(url.toString(QUrl::FullyEncoded).toStdString());
 }
 
 void MacWorkspace::reveal(const QString &path) {

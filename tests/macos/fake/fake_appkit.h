@@ -33,6 +33,8 @@ struct RunningApplication {
 /// What AppKit shows of the desktop.
 struct Desktop {
     bool isDark = false;
+    bool hasHighContrast = false;
+    bool reducesMotion = false;
     std::vector<Screen> screens;
     std::optional<std::uint32_t> mainScreen;
     double pointerX = 0;
@@ -49,6 +51,7 @@ Desktop &desktop();
 void changeAppearance(bool isDark);
 /// Something about the appearance changed that is not its darkness.
 void touchAppearance();
+void changeDisplayOptions(bool highContrast, bool reducedMotion);
 void changeScreens(std::vector<Screen> screens);
 void activateApplication(int process);
 void leaveSession();

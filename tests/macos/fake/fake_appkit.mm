@@ -81,6 +81,13 @@ void changeScreens(std::vector<Screen> screens) {
     post([NSNotificationCenter defaultCenter], NSApplicationDidChangeScreenParametersNotification);
 }
 
+void changeDisplayOptions(bool highContrast, bool reducedMotion) {
+    desktop().hasHighContrast = highContrast;
+    desktop().reducesMotion = reducedMotion;
+    post([[NSWorkspace sharedWorkspace] notificationCenter],
+         NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification);
+}
+
 void activateApplication(int process) {
     desktop().frontProcess = process;
     post([[NSWorkspace sharedWorkspace] notificationCenter], NSWorkspaceDidActivateApplicationNotification);
@@ -116,6 +123,8 @@ NSString *const NSApplicationDidChangeScreenParametersNotification = @"NSApplica
 NSString *const NSWorkspaceDidActivateApplicationNotification = @"NSWorkspaceDidActivateApplication";
 NSString *const NSWorkspaceSessionDidResignActiveNotification = @"NSWorkspaceSessionDidResignActive";
 NSString *const NSWorkspaceScreensDidSleepNotification = @"NSWorkspaceScreensDidSleep";
+NSString *const NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification =
+    @"NSWorkspaceAccessibilityDisplayOptionsDidChange";
 NSAppearanceName const NSAppearanceNameAqua = @"NSAppearanceNameAqua";
 NSAppearanceName const NSAppearanceNameDarkAqua = @"NSAppearanceNameDarkAqua";
 }

@@ -55,6 +55,7 @@ void reset() {
     resetAudio();
     resetCarbon();
     resetEvents();
+    resetFiles();
     resetPreferences();
 }
 

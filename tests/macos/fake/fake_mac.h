@@ -22,6 +22,8 @@ std::string problems();
 
 /// Objects of the C frameworks that nobody has released. What lives as long as the program is not counted.
 int liveObjects();
+/// Preparations of a copy that nobody has freed.
+int liveCopyStates();
 
 /// "0x1c00"
 std::string hex(std::uint64_t number);
@@ -36,6 +38,7 @@ void resetApplicationServices();
 void resetAudio();
 void resetCarbon();
 void resetEvents();
+void resetFiles();
 void resetPreferences();
 
 }  // namespace pimloft::test::mac

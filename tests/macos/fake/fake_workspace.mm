@@ -101,6 +101,14 @@ FakeApplication *applicationOf(std::optional<int> process) {
     return list;
 }
 
+- (BOOL)accessibilityDisplayShouldIncreaseContrast {
+    return desktop().hasHighContrast;
+}
+
+- (BOOL)accessibilityDisplayShouldReduceMotion {
+    return desktop().reducesMotion;
+}
+
 - (NSImage *)iconForFile:(NSString *)path {
     note("icon of " + cppString(path));
     return makeImage(0x00ff00ff, NSMakeSize(32, 32));

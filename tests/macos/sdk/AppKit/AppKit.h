@@ -44,6 +44,7 @@ extern NSString *const NSWindowDidResignKeyNotification;
 extern NSString *const NSWorkspaceDidActivateApplicationNotification;
 extern NSString *const NSWorkspaceSessionDidResignActiveNotification;
 extern NSString *const NSWorkspaceScreensDidSleepNotification;
+extern NSString *const NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification;
 }
 
 typedef NSUInteger NSWindowStyleMask;
@@ -175,6 +176,8 @@ typedef enum : NSInteger {
 - (NSNotificationCenter *)notificationCenter;
 - (NSRunningApplication *)frontmostApplication;
 - (NSArray *)runningApplications;
+- (BOOL)accessibilityDisplayShouldIncreaseContrast;
+- (BOOL)accessibilityDisplayShouldReduceMotion;
 - (NSImage *)iconForFile:(NSString *)path;
 - (BOOL)openURL:(NSURL *)url;
 - (BOOL)selectFile:(NSString *)path inFileViewerRootedAtPath:(NSString *)root;
