@@ -29,8 +29,14 @@ void measureRules(Table &table, Extent extent);
 /// What the key tap adds to the way of a key to its window.
 void measureKeyTap(Table &table, Extent extent);
 
+/// What it takes to ask each file manager for its selected files and its folder.
+void measureFinder(Table &table, Extent extent);
+
 /// How long a change of the volume is on its way, and what looking for players costs.
 void measureSound(Table &table, Extent extent);
+
+/// Moving files to another file system, beside what others do.
+void measureMoves(Table &table, Extent extent);
 
 /// The same of CopyQ, where it is installed.
 void measureCopyQ(Table &table, Extent extent);

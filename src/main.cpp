@@ -55,7 +55,7 @@ QString doctorText() {
 /// The running program, from start-up to quit.
 int run(QApplication &application, Instance &instance, CommandLine::Action action) {
     const SystemClock clock;
-    const Dirs dirs = Dirs::fromEnvironment(QProcessEnvironment::systemEnvironment());
+    const Dirs dirs = hostDirs(QProcessEnvironment::systemEnvironment());
     const std::unique_ptr<Host> host = createHost(dirs);
     Process process(host->platform(), clock, dirs);
 
@@ -100,7 +100,7 @@ int run(QApplication &application, Instance &instance, CommandLine::Action actio
 /// What this desktop would grant, while no instance is running that could tell.
 int diagnose() {
     const SystemClock clock;
-    const Dirs dirs = Dirs::fromEnvironment(QProcessEnvironment::systemEnvironment());
+    const Dirs dirs = hostDirs(QProcessEnvironment::systemEnvironment());
     const std::unique_ptr<Host> host = createHost(dirs);
     Process process(host->platform(), clock, dirs);
     AppState::shared().activateEnabledModules();
@@ -122,7 +122,7 @@ int start(int argc, char **argv, CommandLine::Action action) {
     QApplication::setApplicationVersion(appVersion());
     QApplication::setDesktopFileName(QStringLiteral("app.pimloft.Pimloft"));
 
-    const QString runtime = Dirs::fromEnvironment(QProcessEnvironment::systemEnvironment()).runtime;
+    const QString runtime = hostDirs(QProcessEnvironment::systemEnvironment()).runtime;
     const QString login = qEnvironmentVariable("DISPLAY");
     const auto ask = [&] {
         const auto answer = askInstance(runtime, login, instanceCommand(action));

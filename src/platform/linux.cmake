@@ -24,6 +24,7 @@ pimloft_library(pimloft_platform_linux
         x11/screen_lock.cpp x11/screen_lock.h
         x11/selection_content.h
         x11/selection_link.cpp x11/selection_link.h
+        x11/selection_loan.cpp x11/selection_loan.h
         x11/selection_reader.cpp x11/selection_reader.h
         x11/selection_sender.cpp x11/selection_sender.h
         x11/x11_active_window.cpp x11/x11_active_window.h
@@ -49,6 +50,22 @@ pimloft_library(pimloft_platform_linux
         displays/work_area.cpp displays/work_area.h
         displays/x11_displays.cpp displays/x11_displays.h
         displays/x11_struts.cpp displays/x11_struts.h
+        filemanager/accessible_reader.cpp filemanager/accessible_reader.h
+        filemanager/accessible_tree.h
+        filemanager/background.h
+        filemanager/bus_call.cpp filemanager/bus_call.h
+        filemanager/dolphin_window.cpp filemanager/dolphin_window.h
+        filemanager/file_manager_copy.cpp filemanager/file_manager_copy.h
+        filemanager/file_manager_tools.h
+        filemanager/file_manager_window.cpp filemanager/file_manager_window.h
+        filemanager/file_managers.cpp filemanager/file_managers.h
+        filemanager/folder_question.cpp filemanager/folder_question.h
+        filemanager/folder_routes.cpp filemanager/folder_routes.h
+        filemanager/inotify_watches.cpp filemanager/inotify_watches.h
+        filemanager/open_locations.cpp filemanager/open_locations.h
+        filemanager/path_bar.cpp filemanager/path_bar.h
+        filemanager/selection_question.cpp filemanager/selection_question.h
+        filemanager/window_ping.cpp filemanager/window_ping.h
         events/key_guard.cpp events/key_guard.h
         events/tap_connection.cpp events/tap_connection.h
         events/tap_keys.h
@@ -62,6 +79,7 @@ pimloft_library(pimloft_platform_linux
         files/copied_entry.h
         files/descriptor.h
         files/file_calls.cpp files/file_calls.h
+        files/file_error.cpp files/file_error.h
         files/file_content.cpp files/file_content.h
         files/file_metadata.cpp
         files/linux_files.cpp files/linux_files.h
@@ -71,6 +89,7 @@ pimloft_library(pimloft_platform_linux
         files/tree_removal.cpp files/tree_removal.h
         hotkeys/x11_hotkeys.cpp hotkeys/x11_hotkeys.h
         instance/instance_on_bus.cpp instance/instance_on_bus.h
+        instance/linux_instance.cpp
         instance/local_instance.cpp instance/local_instance.h
         loginitem/xdg_login_item.cpp loginitem/xdg_login_item.h
         panels/x11_overlay.cpp panels/x11_overlay.h
@@ -83,6 +102,7 @@ pimloft_library(pimloft_platform_linux
         pasteboard/x11_pasteboard.cpp pasteboard/x11_pasteboard.h
         preferences/json_preferences.cpp preferences/json_preferences.h
         preferences/preferences_document.cpp preferences/preferences_document.h
+        scripting/finder_scripts.cpp scripting/finder_scripts.h
         scripting/linux_scripting.cpp scripting/linux_scripting.h
         scripting/mpris_player.h
         scripting/mpris_players.cpp scripting/mpris_players.h

@@ -8,6 +8,7 @@
 #include "platform/events/x11_key_poster.h"
 #include "platform/events/x11_key_tap.h"
 #include "platform/events/x11_mouse_watch.h"
+#include "platform/filemanager/file_managers.h"
 #include "platform/files/linux_files.h"
 #include "platform/hotkeys/x11_hotkeys.h"
 #include "platform/loginitem/xdg_login_item.h"
@@ -15,6 +16,7 @@
 #include "platform/pasteboard/x11_pasteboard.h"
 #include "platform/platform.h"
 #include "platform/preferences/json_preferences.h"
+#include "platform/scripting/finder_scripts.h"
 #include "platform/scripting/linux_scripting.h"
 #include "platform/scripting/player_scripts.h"
 #include "platform/templates_menu/xdg_templates_menu.h"
@@ -28,8 +30,11 @@
 
 #include <QCoreApplication>
 #include <QDBusConnection>
+#include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QStandardPaths>
 
 namespace pimloft {
 
@@ -39,6 +44,10 @@ namespace {
 double scaleOfLogin() {
     const QScreen *primary = QGuiApplication::primaryScreen();
     return primary ? primary->devicePixelRatio() : 1;
+}
+
+QByteArray desktopFolder() {
+    return QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::DesktopLocation));
 }
 
 /// Every Linux service on one connection to the X server. Members are made in the order in which they stand.
@@ -96,7 +105,20 @@ private:
         std::vector<std::unique_ptr<ScriptHandler>> handlers;
         handlers.push_back(std::make_unique<PlayerScripts>(
             bus_, [this](const MprisPlayer &player) { return workspace_.identifyPlayer(player); }));
+        handlers.push_back(
+            std::make_unique<FinderScripts>(std::make_unique<FileManagers>(FileManagers::Surroundings{
+                .session = session_,
+                .pasteboard = pasteboard_,
+                .keys = keys_,
+                .bus = bus_,
+                .isFileManager = [this](xcb_window_t window) { return isFinder(window); },
+                .home = QFile::encodeName(QDir::homePath()),
+                .desktop = desktopFolder})));
         return handlers;
+    }
+
+    bool isFinder(xcb_window_t window) {
+        return workspace_.bundleIdOf(window) == QLatin1String("com.apple.finder");
     }
 
     const QString sessionType_ = qEnvironmentVariable("XDG_SESSION_TYPE");
@@ -143,6 +165,10 @@ std::optional<QString> prepareDesktop() {
     return display.isEmpty()
                ? QStringLiteral("pimloft: there is no X display; start it within a desktop session")
                : QStringLiteral("pimloft: the X display %1 does not answer").arg(display);
+}
+
+Dirs hostDirs(const QProcessEnvironment &environment) {
+    return Dirs::fromEnvironment(environment);
 }
 
 std::unique_ptr<Host> createHost(const Dirs &dirs) {

@@ -6,6 +6,8 @@
 #include <memory>
 #include <optional>
 
+class QProcessEnvironment;
+
 namespace pimloft {
 
 struct Dirs;
@@ -60,6 +62,9 @@ public:
 /// To be called before the QApplication is made: chooses how it talks to the desktop. Answers why it cannot
 /// be made at all, in a sentence for the user, or nothing.
 std::optional<QString> prepareDesktop();
+
+/// Where this system keeps what belongs to this user's Pimloft. Creates nothing; needs a QCoreApplication.
+Dirs hostDirs(const QProcessEnvironment &environment);
 
 /// To be called once, with the QApplication in place. Never fails: what the desktop lacks is refused by the
 /// service that needs it.

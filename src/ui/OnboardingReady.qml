@@ -14,14 +14,18 @@ Page {
         size: Theme.unit * 20
         color: Theme.colors.success
     }
-    CenteredText {
-        text: qsTr("You're All Set!")
-        font: Theme.hero
-        Accessible.role: Accessible.Heading
-    }
-    CenteredText {
-        text: qsTr("Pimloft lives in your menu bar.\nClick the icon to access all features.")
-        color: Theme.colors.secondaryText
+    ColumnLayout {
+        spacing: Theme.unit * 2
+
+        CenteredText {
+            text: qsTr("You're All Set!")
+            font: Theme.hero
+            Accessible.role: Accessible.Heading
+        }
+        CenteredText {
+            text: qsTr("Pimloft lives in your menu bar.\nClick the icon to access all features.")
+            color: Theme.colors.secondaryText
+        }
     }
     Rectangle {
         Layout.alignment: Qt.AlignHCenter

@@ -15,13 +15,17 @@ Page {
         color: Theme.brand
         endColor: Theme.brandEnd
     }
-    CenteredText {
-        text: qsTr("Welcome to Pimloft")
-        font: Theme.hero
-        Accessible.role: Accessible.Heading
-    }
-    CenteredText {
-        text: qsTr("Everything you miss from Windows, in one app.")
-        color: Theme.colors.secondaryText
+    ColumnLayout {
+        spacing: Theme.unit * 2
+
+        CenteredText {
+            text: qsTr("Welcome to Pimloft")
+            font: Theme.hero
+            Accessible.role: Accessible.Heading
+        }
+        CenteredText {
+            text: qsTr("Everything you miss from Windows, in one app.")
+            color: Theme.colors.secondaryText
+        }
     }
 }

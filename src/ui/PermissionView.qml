@@ -37,6 +37,7 @@ Page {
     }
     ColumnLayout {
         Layout.alignment: Qt.AlignHCenter
+        Layout.fillWidth: false
         Layout.maximumWidth: parent.width
         spacing: Theme.unit * 2
 

@@ -22,6 +22,8 @@ WindowContent {
 
         RowLayout {
             Layout.alignment: Qt.AlignHCenter
+            Layout.fillWidth: false
+            Layout.maximumWidth: parent.width
             spacing: Theme.unit * 2.5
 
             Symbol {

@@ -32,7 +32,8 @@ PimloftApp::PimloftApp(Process &process, AppState &appState, QuickViewHost &view
       settings_(views, general_.page(), appState.allModules()),
       popover_(appState, AccessibilityManager::shared(), views.engine(), process.platform().panels,
                process.platform().displays),
-      tray_(appState, AccessibilityManager::shared(), process.platform().diagnosis, Theme::shared()) {
+      tray_(appState, AccessibilityManager::shared(), process.platform().diagnosis,
+            process.platform().appearance, Theme::shared()) {
     QGuiApplication::setWindowIcon(brandIcon());
     connect(&tray_, &TrayIcon::clicked, this, &PimloftApp::trayClicked);
     connect(&tray_, &TrayIcon::openRequested, this, &PimloftApp::openPopover);

@@ -64,8 +64,12 @@ void PopoverController::open(const QRectF &anchor) {
     if (!isOpen_)
         return;
     engineUse_ = engine_.use();
-    if (QQuickItem *content = view_->rootObject())
+    if (QQuickItem *content = view_->rootObject()) {
+        // The keyboard begins at the top again, not where it was left.
+        if (QQuickItem *last = content->scopedFocusItem())
+            last->setFocus(false);
         content->forceActiveFocus();
+    }
 }
 
 void PopoverController::close() {

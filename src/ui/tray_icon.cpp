@@ -3,6 +3,7 @@
 
 #include "app/accessibility_manager.h"
 #include "app/app_state.h"
+#include "platform/appearance/appearance.h"
 #include "platform/diagnosis/diagnosis.h"
 #include "ui/kit/symbols.h"
 #include "ui/kit/theme.h"
@@ -26,9 +27,9 @@ QString firstObstacle(DiagnosisService &diagnosis) {
 }  // namespace
 
 TrayIcon::TrayIcon(AppState &appState, AccessibilityManager &accessibility, DiagnosisService &diagnosis,
-                   Theme &theme)
-    : appState_(appState), accessibility_(accessibility), diagnosis_(diagnosis), theme_(theme),
-      menu_(std::make_unique<QMenu>()), icon_(std::make_unique<QSystemTrayIcon>()) {
+                   const AppearanceService &appearance, Theme &theme)
+    : appState_(appState), accessibility_(accessibility), diagnosis_(diagnosis), appearance_(appearance),
+      theme_(theme), menu_(std::make_unique<QMenu>()), icon_(std::make_unique<QSystemTrayIcon>()) {
     makeMenu();
     draw();
     describe();
@@ -53,6 +54,9 @@ void TrayIcon::makeMenu() {
 }
 
 void TrayIcon::draw() {
+    const QIcon own = appearance_.traySymbol(appState_.menuBarIcon());
+    if (!own.isNull())
+        return icon_->setIcon(own);
     // Nobody tells what colour the tray has. It mostly goes with the look of the desktop; where it does not,
     // the halo in the other colour keeps the symbol visible.
     const ThemeColors &colors = theme_.colors();

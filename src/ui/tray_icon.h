@@ -12,6 +12,7 @@ class QSystemTrayIcon;
 namespace pimloft {
 
 class AccessibilityManager;
+class AppearanceService;
 class AppState;
 class DiagnosisService;
 class Theme;
@@ -23,7 +24,7 @@ class TrayIcon : public QObject {
 
 public:
     TrayIcon(AppState &appState, AccessibilityManager &accessibility, DiagnosisService &diagnosis,
-             Theme &theme);
+             const AppearanceService &appearance, Theme &theme);
     ~TrayIcon() override;
 
     /// Where it is, in Qt's coordinates. Empty where the tray does not tell.
@@ -44,6 +45,7 @@ private:
     AppState &appState_;
     AccessibilityManager &accessibility_;
     DiagnosisService &diagnosis_;
+    const AppearanceService &appearance_;
     Theme &theme_;
     std::unique_ptr<QMenu> menu_;
     std::unique_ptr<QSystemTrayIcon> icon_;

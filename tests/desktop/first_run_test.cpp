@@ -21,6 +21,8 @@ protected:
     void SetUp() override {
         openDesktop(QStringLiteral("openbox"));
         forgetPreferences(session());
+        // A mouse that is only plugged in for the first click may lose it.
+        hands();
     }
 
     void waitFor(const QString &title) {
@@ -55,6 +57,9 @@ protected:
     QPoint forwardButton() { return content(welcome).bottomRight() - QPoint(32 + 20, 32 + 12); }
 
     QJsonObject stored() { return storedPreferences(session()); }
+    void expectStored(const QString &key, const QJsonValue &value) {
+        EXPECT_TRUE(waitUntil([&] { return stored().value(key) == value; })) << key.toStdString();
+    }
     bool snaps() { return desktop().isKeyTaken(KEY_6, controlSuper); }
     bool records() { return desktop().isKeyTaken(KEY_V, superShift); }
 };
@@ -97,7 +102,7 @@ TEST_F(FirstRun, isGoneThroughByMouse) {
             return waitUntil([&] { return !isOpen(welcome); }, 300);
         },
         20000));
-    EXPECT_EQ(stored().value(completed), QJsonValue(true));
+    expectStored(completed, true);
     EXPECT_TRUE(waitUntil([&] { return records(); })) << "the modules do not start";
     letPimloftCatchUp();
     EXPECT_FALSE(snaps()) << "what was switched off starts";
@@ -116,7 +121,7 @@ TEST_F(FirstRun, isGoneThroughByKeyboard) {
         return waitUntil([&] { return stored().contains(snapping); }, 400);
     })) << "the module is not switched";
     goThroughFirstRun();
-    EXPECT_EQ(stored().value(completed), QJsonValue(true));
+    expectStored(completed, true);
     EXPECT_TRUE(waitUntil([&] { return records(); }));
     EXPECT_EQ(snaps(), stored().value(snapping).toBool());
 }
@@ -156,7 +161,7 @@ TEST_F(FirstRun, isFollowedByTheNewsOnlyAtTheNextStart) {
     waitFor(news);
     hands().tap(KEY_ENTER);
     EXPECT_TRUE(waitUntil([&] { return !isOpen(news); }));
-    EXPECT_EQ(stored().value(lastSeen), QJsonValue(QStringLiteral("1.0.0")));
+    expectStored(lastSeen, QStringLiteral("1.0.0"));
     end();
 
     startPimloft();

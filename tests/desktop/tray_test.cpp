@@ -9,7 +9,16 @@ namespace {
 
 class Tray : public DesktopTest {
 protected:
-    void SetUp() override { openDesktop(QStringLiteral("openbox")); }
+    void SetUp() override {
+        openDesktop(QStringLiteral("openbox"));
+        // A mouse that is only plugged in for the first click may lose it.
+        hands();
+    }
+    void closePanel() {
+        letPimloftCatchUp();
+        hands().tap(KEY_ESC);
+        ASSERT_TRUE(waitUntil([this] { return !hasPanel(); }));
+    }
     bool hasPanel() { return panelFrame().has_value(); }
 };
 
@@ -30,14 +39,11 @@ TEST_F(Tray, opensAndClosesThePanelAsFastAsAHandCan) {
     for (int time = 0; time < 10; ++time) {
         hands().click(TrayHost::frame.center());
         ASSERT_TRUE(waitUntil([&] { return hasPanel(); })) << "time " << time;
-        hands().tap(KEY_ESC);
-        ASSERT_TRUE(waitUntil([&] { return !hasPanel(); })) << "time " << time;
+        closePanel();
     }
     for (int time = 0; time < 10; ++time)
         hands().click(TrayHost::frame.center());
-    letPimloftCatchUp();
-    hands().tap(KEY_ESC);
-    EXPECT_TRUE(waitUntil([&] { return !hasPanel(); }));
+    closePanel();
     hands().click(TrayHost::frame.center());
     EXPECT_TRUE(waitUntil([&] { return hasPanel(); })) << "it has lost count";
 }
@@ -64,8 +70,7 @@ TEST_F(Tray, onTheBusOpensThePanelAtThePointer) {
         const QRect panel = *panelFrame();
         EXPECT_NEAR(panel.center().x(), icon.x(), 2);
         EXPECT_NEAR(panel.top(), icon.y() + 6, 3);
-        hands().tap(KEY_ESC);
-        ASSERT_TRUE(waitUntil([&] { return !hasPanel(); }));
+        closePanel();
     }
     tray.click(icon);
     ASSERT_TRUE(waitUntil([&] { return hasPanel(); }));

@@ -14,6 +14,9 @@ void checkFiles(const QByteArray &bytes) {
     if (urls &&
         (fileUrlsOfUriList(uriList(*urls)) != urls || fileUrlsOfCopiedFiles(copiedFiles(*urls)) != urls))
         std::abort();
+    for (const QByteArray &path : localPaths(urls.value_or(QByteArray())))
+        if (!path.startsWith('/') || path.contains('\0'))
+            std::abort();
 }
 
 }  // namespace

@@ -82,6 +82,16 @@ TEST_F(Popover, tabGoesFromTheTopToTheBottom) {
               "QuickVolume, Quit");
 }
 
+TEST_F(Popover, theKeyboardBeginsAtTheTopEachTimeItOpens) {
+    open();
+    for (int press = 0; press < 3; ++press)
+        test::type(window(), Qt::Key_Tab);
+    popover.close();
+    popover.open(trayIcon);
+    test::type(window(), Qt::Key_Tab);
+    EXPECT_EQ(window()->activeFocusItem()->property("text").toString(), QStringLiteral("Open Settings"));
+}
+
 TEST_F(Popover, aRowsLabelFollowsItsModule) {
     open();
     session.appState().keyMapper()->setEnabled(false);

@@ -25,7 +25,7 @@ TEST(TrayIcon, saysWhyTheDesktopDoesNotTrustTheProgram) {
                                       {QStringLiteral("Compositor"), false, QStringLiteral("None.")}};
     session.accessibility().refresh();
     const TrayIcon icon(session.appState(), session.accessibility(), session.desktop.diagnosis,
-                        session.theme());
+                        session.desktop.appearance, session.theme());
     EXPECT_EQ(icon.toolTip().toStdString(), "Pimloft\nNo XTEST.");
 
     session.desktop.windows.trusted = true;

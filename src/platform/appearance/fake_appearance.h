@@ -8,6 +8,8 @@ namespace pimloft {
 /// A desktop whose look a test changes.
 class FakeAppearance final : public AppearanceService {
 public:
+    QIcon traySymbol(const QString &) const override { return tray; }
+    QIcon tray;
     bool isDark() const override { return dark_; }
     bool isHighContrast() const override { return highContrast_; }
     bool reducesMotion() const override { return reducesMotion_; }

@@ -23,6 +23,7 @@ public:
     LinuxAppearance(X11Session &session, QDBusConnection bus);
     ~LinuxAppearance() override;
 
+    QIcon traySymbol(const QString &) const override { return {}; }
     bool isDark() const override { return look_.isDark; }
     bool isHighContrast() const override { return look_.isHighContrast; }
     bool reducesMotion() const override { return look_.reducesMotion; }

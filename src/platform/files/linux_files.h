@@ -2,12 +2,10 @@
 #pragma once
 
 #include "platform/files/file_calls.h"
+#include "platform/files/file_error.h"
 #include "platform/files/files.h"
 
 namespace pimloft {
-
-/// What an error number means to who moves files.
-FileError fileError(int number);
 
 /// The file system of this computer.
 class LinuxFiles final : public FileService {

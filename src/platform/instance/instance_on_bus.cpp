@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/instance/instance_on_bus.h"
 
-#include "platform/instance/instance.h"
+#include "platform/instance/local_instance.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCall>
@@ -56,6 +56,10 @@ void InstanceOnBus::Quit() {
 
 QString InstanceOnBus::Doctor() {
     return run(instance_, InstanceCommand::doctor);
+}
+
+void publish(LocalInstance &instance, const QDBusConnection &bus) {
+    (new InstanceOnBus(instance, bus))->setParent(&instance);
 }
 
 }  // namespace pimloft

@@ -7,6 +7,7 @@
 namespace pimloft {
 
 class Instance;
+class LocalInstance;
 
 /// The running instance as other programs and scripts find it on the session bus: the object
 /// /app/pimloft/Pimloft under the name app.pimloft.Pimloft. Main thread.
@@ -32,5 +33,9 @@ private:
     Instance &instance_;
     QDBusConnection bus_;
 };
+
+/// Takes commands on the bus too, for as long as `instance` lives, if the name is free there; does not wait
+/// for it. Main thread.
+void publish(LocalInstance &instance, const QDBusConnection &bus);
 
 }  // namespace pimloft

@@ -2,7 +2,6 @@
 #include "platform/instance/local_instance.h"
 
 #include "base/atomic_file.h"
-#include "platform/instance/instance_on_bus.h"
 
 #include <QDeadlineTimer>
 #include <QFile>
@@ -115,10 +114,6 @@ LocalInstance::~LocalInstance() {
         close(lock_);
 }
 
-void LocalInstance::publish(const QDBusConnection &bus) {
-    onBus_ = std::make_unique<InstanceOnBus>(*this, bus);
-}
-
 void LocalInstance::acceptClients() {
     while (QLocalSocket *socket = server_.nextPendingConnection()) {
         if (clients_ >= mostClients) {
@@ -156,15 +151,6 @@ void LocalInstance::answer(QLocalSocket *socket, InstanceCommand command) {
     // At once: the command may end the event loop.
     socket->flush();
     socket->disconnectFromServer();
-}
-
-std::unique_ptr<Instance> claimInstance(const QString &runtime, const QString &login) {
-    auto instance = LocalInstance::claim(runtime, login);
-    if (instance)
-        QMetaObject::invokeMethod(
-            instance.get(), [self = instance.get()] { self->publish(QDBusConnection::sessionBus()); },
-            Qt::QueuedConnection);
-    return instance;
 }
 
 std::optional<QString> askInstance(const QString &runtime, const QString &login, InstanceCommand command) {

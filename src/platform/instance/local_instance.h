@@ -3,15 +3,12 @@
 
 #include "platform/instance/instance.h"
 
-#include <QDBusConnection>
 #include <QLocalServer>
 #include <QObject>
 
 class QLocalSocket;
 
 namespace pimloft {
-
-class InstanceOnBus;
 
 /// Where the running instance of a login is found. A value; any thread.
 struct InstancePaths {
@@ -34,9 +31,6 @@ public:
     static std::unique_ptr<LocalInstance> claim(const QString &runtime, const QString &login);
     ~LocalInstance() override;
 
-    /// Takes commands on the bus too, if the name is free there; does not wait for it.
-    void publish(const QDBusConnection &bus);
-
 private:
     LocalInstance(int lock, const InstancePaths &paths);
     void acceptClients();
@@ -46,7 +40,6 @@ private:
     const int lock_;  ///< a descriptor, or -1
     int clients_ = 0;
     QLocalServer server_;
-    std::unique_ptr<InstanceOnBus> onBus_;
 };
 
 }  // namespace pimloft

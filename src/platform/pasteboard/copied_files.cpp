@@ -58,6 +58,15 @@ std::optional<QByteArray> fileUrlsOfCopiedFiles(const QByteArray &list) {
     return fileUrlsOfUriList(list.mid(head + 1));
 }
 
+std::vector<QByteArray> localPaths(const QByteArray &fileUrls) {
+    std::vector<QByteArray> result;
+    const GTexts urls = lines(fileUrls);
+    for (char **url = urls.get(); *url; ++url)
+        if (const GText path = localPath(*url))
+            result.emplace_back(path.get());
+    return result;
+}
+
 QByteArray uriList(const QByteArray &fileUrls) {
     QByteArray result;
     const GTexts urls = lines(fileUrls);
@@ -76,10 +85,8 @@ QByteArray copiedFiles(const QByteArray &fileUrls) {
 
 QByteArray filePaths(const QByteArray &fileUrls) {
     QByteArray result;
-    const GTexts urls = lines(fileUrls);
-    for (char **url = urls.get(); *url; ++url)
-        if (const GText path = localPath(*url))
-            result += path.get() + QByteArrayLiteral("\n");
+    for (const QByteArray &path : localPaths(fileUrls))
+        result += path + '\n';
     result.chop(1);
     return result;
 }

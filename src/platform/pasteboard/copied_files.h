@@ -4,6 +4,7 @@
 #include <QByteArray>
 
 #include <optional>
+#include <vector>
 
 /// How programs tell each other of copied files. File URLs stand one per line, percent-encoded, without a
 /// host. Pure; any thread.
@@ -14,6 +15,9 @@ std::optional<QByteArray> fileUrlsOfUriList(const QByteArray &list);
 
 /// The same of the list that file managers make, which begins with what is to become of the files.
 std::optional<QByteArray> fileUrlsOfCopiedFiles(const QByteArray &list);
+
+/// The bytes of the files' paths, in their order.
+std::vector<QByteArray> localPaths(const QByteArray &fileUrls);
 
 QByteArray uriList(const QByteArray &fileUrls);
 QByteArray copiedFiles(const QByteArray &fileUrls);

@@ -116,6 +116,26 @@ qint64 X11Pasteboard::write(std::vector<PasteItem> items) {
     return selection_.offer(formsOf(items));
 }
 
+std::uint64_t X11Pasteboard::lend(LoanRequest request, QObject *context) {
+    request.id = ++lastId_;
+    const auto later = [this, context = QPointer(context)](auto call) {
+        QMetaObject::invokeMethod(
+            &answers_,
+            [context, call = std::move(call)] {
+                if (context)
+                    call();
+            },
+            Qt::QueuedConnection);
+    };
+    request.onKept = [later, call = std::move(request.onKept)] { later(call); };
+    request.onEnded = [later, call = std::move(request.onEnded)](LoanResult result) {
+        later([call, result = std::move(result)] { call(result); });
+    };
+    const std::uint64_t id = request.id;
+    selection_.lend(std::move(request));
+    return id;
+}
+
 void X11Pasteboard::supersedeAll() {
     for (auto &entry : pending_) {
         Question &question = entry.second;

@@ -29,6 +29,14 @@ public:
     /// Offers what was written last in the place where the oldest programs paste from, too.
     void offerAsPrimary() { selection_.offerAsPrimary(); }
 
+    /// Lends the clipboard to another program: see SelectionLoan. The callbacks of `request` are called on
+    /// the main thread, queued, never after `context` is gone. Answers the loan's number.
+    std::uint64_t lend(LoanRequest request, QObject *context);
+    /// The program will not copy.
+    void nothingComes(std::uint64_t loan) { selection_.nothingComes(loan); }
+    /// Ends a loan whatever the program does.
+    void giveUpLoan(std::uint64_t loan) { selection_.giveUpLoan(loan); }
+
 private:
     using Done = std::function<void(SelectionAnswer)>;
     struct Question {

@@ -51,6 +51,11 @@ std::optional<QString> X11Workspace::bundleId(ProcessId process) {
     return programs_.program(process, names).identity.bundleId;
 }
 
+std::optional<QString> X11Workspace::bundleIdOf(xcb_window_t window) {
+    const Front found = look(window);
+    return found.application ? found.application->bundleId : std::nullopt;
+}
+
 const X11Workspace::Front &X11Workspace::front() {
     if (!front_) {
         front_ = look(active_.current());

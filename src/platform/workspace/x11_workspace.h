@@ -30,6 +30,8 @@ public:
 
     /// The identifier of a running program; nothing where the desktop does not know it.
     std::optional<QString> bundleId(ProcessId process);
+    /// The identifier of the program that a window is of; that of the file manager for the desktop.
+    std::optional<QString> bundleIdOf(xcb_window_t window);
     /// Which application a media player is.
     std::optional<QString> identifyPlayer(const MprisPlayer &player) {
         return programs_.identifyPlayer(player);

@@ -38,6 +38,7 @@ struct SelectionQuery {
     std::vector<SelectionWish> wishes;  ///< the best first
     qsizetype cap = 0;                  ///< bytes; no transfer goes on above it
     bool wantsOwner = false;
+    bool wantsTargets = false;
 };
 
 struct SelectionAnswer {
@@ -45,7 +46,9 @@ struct SelectionAnswer {
     Status status = failed;
     int tag = 0;  ///< of the wish that was fulfilled or was too large
     QByteArray bytes = {};
-    std::optional<ProcessId> owner = {};  ///< if wanted, where it runs here and the server tells
+    QByteArray textType = {};              ///< of the content, where it is one of the text types of X11
+    std::optional<ProcessId> owner = {};   ///< if wanted, where it runs here and the server tells
+    std::vector<QByteArray> targets = {};  ///< if wanted, all that is offered
 };
 
 }  // namespace pimloft

@@ -82,6 +82,21 @@ xcb_atom_t SelectionLink::atom(const QByteArray &name) {
     return atom;
 }
 
+std::vector<QByteArray> SelectionLink::names(const std::vector<xcb_atom_t> &atoms) {
+    std::vector<xcb_get_atom_name_cookie_t> asked;
+    for (const xcb_atom_t each : atoms)
+        asked.push_back(xcb_get_atom_name(connection_, each));
+    std::vector<QByteArray> result;
+    for (const auto cookie : asked) {
+        const XcbReply<xcb_get_atom_name_reply_t> reply(
+            xcb_get_atom_name_reply(connection_, cookie, nullptr));
+        result.push_back(reply ? QByteArray(xcb_get_atom_name_name(reply.get()),
+                                            xcb_get_atom_name_name_length(reply.get()))
+                               : QByteArray());
+    }
+    return result;
+}
+
 QByteArray SelectionLink::textType(xcb_atom_t wanted) {
     for (const char *name : {"UTF8_STRING", "STRING", "COMPOUND_TEXT"})
         if (atom(name) == wanted)

@@ -35,6 +35,8 @@ public:
     int ownerNotice() const { return ownerNotice_; }
 
     xcb_atom_t atom(const QByteArray &name);
+    /// The names of atoms; empty for what is none. Takes one round trip.
+    std::vector<QByteArray> names(const std::vector<xcb_atom_t> &atoms);
     /// The text type of X11 that an atom stands for; empty for any other atom.
     QByteArray textType(xcb_atom_t atom);
 

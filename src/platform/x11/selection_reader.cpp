@@ -151,11 +151,11 @@ void SelectionReader::complete(Talks::iterator talk) {
         end(talk, {SelectionAnswer::tooLarge, wish.tag});
         return;
     }
-    auto understood = received.format == 8
-                          ? wish.understand(link_.textType(received.type), std::move(talk->received.bytes))
-                          : std::nullopt;
+    const QByteArray textType = link_.textType(received.type);
+    auto understood =
+        received.format == 8 ? wish.understand(textType, std::move(talk->received.bytes)) : std::nullopt;
     if (understood)
-        end(talk, {SelectionAnswer::present, wish.tag, std::move(*understood)});
+        end(talk, {SelectionAnswer::present, wish.tag, std::move(*understood), textType});
     else
         tryNextWish(talk);
 }
@@ -194,6 +194,8 @@ void SelectionReader::end(Talks::iterator talk, SelectionAnswer answer) {
         xcb_destroy_window(link_.connection(), talk->window);
     const std::uint64_t id = talk->query.id;
     const bool wantsOwner = talk->query.wantsOwner;
+    if (talk->query.wantsTargets && offered_)
+        answer.targets = link_.names(*offered_);
     talks_.erase(talk);
     if (wantsOwner)
         answer.owner = link_.process(owner_);

@@ -26,6 +26,11 @@ public:
 
     void ask(SelectionQuery query);
     void abandon(std::uint64_t id);
+    /// Whether nothing is being asked.
+    bool isIdle() const { return talks_.empty(); }
+
+    /// XCB_NONE where nobody owns it any more.
+    xcb_window_t owner() const { return isOwnerGone_ ? xcb_window_t(XCB_NONE) : owner_; }
 
     void notified(const xcb_selection_notify_event_t &event);
     void propertyChanged(const xcb_property_notify_event_t &event);

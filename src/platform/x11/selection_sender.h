@@ -13,7 +13,8 @@ namespace pimloft {
 /// What this program owns a selection with.
 struct HeldSelection {
     std::shared_ptr<const SelectionContent> content;
-    std::optional<xcb_timestamp_t> since;  ///< nothing until the server has told
+    std::optional<xcb_timestamp_t> since = {};  ///< nothing until the server has told
+    std::optional<ProcessId> origin = {};       ///< who copied it, where that was another program
 };
 
 /// Answers what other programs ask of the selections that this one owns: at once what is small, the rest in

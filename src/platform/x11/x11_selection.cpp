@@ -29,7 +29,9 @@ int milliseconds(std::optional<Clock::time_point> deadline) {
 
 X11Selection::X11Selection(SelectionReader::Answered answered)
     : clipboard_(link_.atom("CLIPBOARD")), wakeUp_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)),
-      reader_(link_, clipboard_, answered), sender_(link_), answered_(std::move(answered)) {
+      reader_(link_, clipboard_,
+              [this](std::uint64_t id, SelectionAnswer answer) { deliver(id, std::move(answer)); }),
+      sender_(link_), loan_(link_, reader_, *this), answered_(std::move(answered)) {
     link_.watchOwner(clipboard_);
     thread_ = std::thread([this] { run(); });
 }
@@ -60,7 +62,7 @@ qint64 X11Selection::offer(SelectionContent content) {
         shared_.noticesDue += link_.tellsOwner() ? 1 : 0;
         change = ++changeCount_;
     }
-    own(clipboard_, std::make_shared<const SelectionContent>(std::move(content)));
+    own(clipboard_, {std::make_shared<const SelectionContent>(std::move(content))}, XCB_CURRENT_TIME);
     return change;
 }
 
@@ -71,17 +73,18 @@ void X11Selection::offerAsPrimary() {
         content = shared_.clipboard.content;
     }
     if (content)
-        own(XCB_ATOM_PRIMARY, std::move(content));
+        own(XCB_ATOM_PRIMARY, {std::move(content)}, XCB_CURRENT_TIME);
 }
 
-void X11Selection::own(xcb_atom_t selection, std::shared_ptr<const SelectionContent> content) {
+/// With the server's own time an offer is never refused for being older than another program's.
+bool X11Selection::own(xcb_atom_t selection, HeldSelection content, xcb_timestamp_t time) {
+    const std::lock_guard ownership(ownership_);
     {
         const std::lock_guard lock(mutex_);
         ++shared_.offersOnTheirWay;
-        held(selection) = {std::move(content), std::nullopt};
+        held(selection) = std::move(content);
     }
-    // The server's own time: an offer is never refused for being older than another program's.
-    xcb_set_selection_owner(link_.connection(), link_.window(), selection, XCB_CURRENT_TIME);
+    xcb_set_selection_owner(link_.connection(), link_.window(), selection, time);
     const bool isOwned = link_.owner(selection) == link_.window();
     {
         const std::lock_guard lock(mutex_);
@@ -91,6 +94,7 @@ void X11Selection::own(xcb_atom_t selection, std::shared_ptr<const SelectionCont
     }
     // Events that came with the reply wait in memory, where the thread does not see them.
     wake();
+    return isOwned;
 }
 
 void X11Selection::ask(SelectionQuery query) {
@@ -109,6 +113,44 @@ void X11Selection::abandon(std::uint64_t id) {
     wake();
 }
 
+void X11Selection::call(std::function<void()> call) {
+    {
+        const std::lock_guard lock(mutex_);
+        shared_.calls.push_back(std::move(call));
+    }
+    wake();
+}
+
+void X11Selection::lend(LoanRequest request) {
+    call([this, request = std::move(request)]() mutable { loan_.begin(std::move(request), Clock::now()); });
+}
+
+void X11Selection::nothingComes(std::uint64_t loan) {
+    call([this, loan] { loan_.nothingComes(loan); });
+}
+
+void X11Selection::giveUpLoan(std::uint64_t loan) {
+    call([this, loan] { loan_.giveUp(loan, Clock::now()); });
+}
+
+HeldSelection X11Selection::ownContent() {
+    const std::lock_guard lock(mutex_);
+    return reader_.owner() == link_.window() ? shared_.clipboard : HeldSelection();
+}
+
+void X11Selection::putBack(HeldSelection content, xcb_timestamp_t since) {
+    {
+        const std::lock_guard lock(mutex_);
+        if (shared_.noticesDue > 0)
+            return;  // an own offer is newer
+        ++shared_.noticesDue;
+    }
+    if (own(clipboard_, std::move(content), since))
+        return;
+    const std::lock_guard lock(mutex_);
+    --shared_.noticesDue;
+}
+
 void X11Selection::run() {
     for (;;) {
         handleEvents();
@@ -122,6 +164,7 @@ void X11Selection::run() {
         }
         rest();
     }
+    loan_.close();
     handOver();
 }
 
@@ -130,10 +173,16 @@ void X11Selection::rest() {
                                   pollfd{xcb_get_file_descriptor(link_.connection()), POLLIN, 0}};
     // Without the server there are still questions, all of which fail.
     const nfds_t count = link_.isConnected() ? 2 : 1;
-    poll(sources.data(), count, milliseconds(sender_.deadline()));
+    const auto expiry = sender_.deadline(), loanIsDue = loan_.deadline();
+    const bool isAnybodyHeldBack = !heldBack_.empty() && !loan_.isOpen();
+    poll(sources.data(), count,
+         isAnybodyHeldBack
+             ? 0
+             : milliseconds(expiry && loanIsDue ? std::min(expiry, loanIsDue) : std::max(expiry, loanIsDue)));
     eventfd_t ignored = 0;
     eventfd_read(wakeUp_, &ignored);
     sender_.expire(Clock::now());
+    loan_.proceed(Clock::now());
 }
 
 void X11Selection::handleEvents() {
@@ -175,19 +224,22 @@ void X11Selection::ownerChanged(const xcb_generic_event_t &event) {
         return;
     const bool isOwn = notice.owner == link_.window();
     const bool isOffer = notice.subtype == XCB_XFIXES_SELECTION_EVENT_SET_SELECTION_OWNER;
+    const bool isBorrowed = isOffer && loan_.expects(notice.owner);
     {
         const std::lock_guard lock(mutex_);
         if (isOwn) {
             shared_.clipboard.since = notice.selection_timestamp;
             --shared_.noticesDue;
-        } else if (isOffer && shared_.noticesDue == 0) {
+        } else if (isOffer && !isBorrowed && shared_.noticesDue == 0) {
             ++changeCount_;
         }
     }
-    if (isOffer)
-        reader_.ownerIs(notice.owner, notice.selection_timestamp);
-    else
+    if (!isOffer) {
         reader_.ownerIsGone();
+        return;
+    }
+    reader_.ownerIs(notice.owner, notice.selection_timestamp);
+    loan_.ownerIs(notice.owner, notice.selection_timestamp);
 }
 
 void X11Selection::lost(xcb_atom_t selection) {
@@ -205,14 +257,26 @@ void X11Selection::lost(xcb_atom_t selection) {
 void X11Selection::takeRequests() {
     std::vector<SelectionQuery> queries;
     std::vector<std::uint64_t> abandoned;
+    std::vector<std::function<void()>> calls;
     {
         const std::lock_guard lock(mutex_);
         queries.swap(shared_.queries);
         abandoned.swap(shared_.abandoned);
+        calls.swap(shared_.calls);
     }
     // What the questions are about has been told before they were asked, and counts first.
     handleEvents();
-    for (SelectionQuery &query : queries) {
+    for (const auto &call : calls)
+        call();
+    heldBack_.insert(heldBack_.end(), std::make_move_iterator(queries.begin()),
+                     std::make_move_iterator(queries.end()));
+    for (const std::uint64_t id : abandoned) {
+        reader_.abandon(id);
+        std::erase_if(heldBack_, [id](const SelectionQuery &each) { return each.id == id; });
+    }
+    if (loan_.isOpen())
+        return;
+    for (SelectionQuery &query : std::exchange(heldBack_, {})) {
         if (!link_.isConnected())
             answered_(query.id, {SelectionAnswer::failed});
         else if (query.change != changeCount_)
@@ -220,8 +284,17 @@ void X11Selection::takeRequests() {
         else
             reader_.ask(std::move(query));
     }
-    for (const std::uint64_t id : abandoned)
-        reader_.abandon(id);
+}
+
+void X11Selection::deliver(std::uint64_t id, SelectionAnswer answer) {
+    if (loan_.answered(id, answer))
+        return;
+    if (answer.owner == ProcessId(getpid())) {
+        const std::lock_guard lock(mutex_);
+        if (shared_.clipboard.origin)
+            answer.owner = shared_.clipboard.origin;
+    }
+    answered_(id, std::move(answer));
 }
 
 void X11Selection::handOver() {

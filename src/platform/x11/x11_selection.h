@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "platform/x11/selection_loan.h"
 #include "platform/x11/selection_reader.h"
 #include "platform/x11/selection_sender.h"
 
@@ -15,12 +16,12 @@ namespace pimloft {
 /// What the server tells comes in the order in which it happened, so that an own offer is never taken for
 /// another program's, nor content of a newer owner for that of an older one. Used from the main thread, which
 /// waits for the server at most, never for another program.
-class X11Selection {
+class X11Selection final : private SelectionLoan::Lender {
 public:
     /// `answered` is called on the selection's thread, once for every question that is not abandoned.
     explicit X11Selection(SelectionReader::Answered answered);
     /// Hands the content over to a clipboard manager, if there is one; that takes at most 2 s.
-    ~X11Selection();
+    ~X11Selection() override;
 
     /// Grows with every owner that offers something. Any thread; never waits.
     qint64 changeCount() const { return changeCount_; }
@@ -34,6 +35,14 @@ public:
     void ask(SelectionQuery query);
     void abandon(std::uint64_t id);
 
+    /// Lets another program copy for a moment, of which the count knows nothing: the content stays what it
+    /// is. Questions are answered afterwards.
+    void lend(LoanRequest request);
+    /// The program will not copy.
+    void nothingComes(std::uint64_t loan);
+    /// Ends a loan whatever the program does.
+    void giveUpLoan(std::uint64_t loan);
+
 private:
     /// What the two threads share, under the mutex.
     struct Shared {
@@ -42,10 +51,12 @@ private:
         int offersOnTheirWay = 0;
         std::vector<SelectionQuery> queries;
         std::vector<std::uint64_t> abandoned;
+        std::vector<std::function<void()>> calls;  ///< to be made on the selection's thread
         bool ends = false;
     };
     HeldSelection &held(xcb_atom_t selection);
-    void own(xcb_atom_t selection, std::shared_ptr<const SelectionContent> content);
+    bool own(xcb_atom_t selection, HeldSelection content, xcb_timestamp_t time);
+    void call(std::function<void()> call);
     void wake();
 
     void run();
@@ -55,11 +66,16 @@ private:
     void ownerChanged(const xcb_generic_event_t &event);
     void lost(xcb_atom_t selection);
     void takeRequests();
+    void deliver(std::uint64_t id, SelectionAnswer answer);
     void handOver();
+
+    HeldSelection ownContent() override;
+    void putBack(HeldSelection content, xcb_timestamp_t since) override;
 
     SelectionLink link_;
     const xcb_atom_t clipboard_;
-    const int wakeUp_;  ///< an eventfd
+    const int wakeUp_;      ///< an eventfd
+    std::mutex ownership_;  ///< held while the server is asked for it; before the other one
     std::mutex mutex_;
     Shared shared_;
     std::atomic<qint64> changeCount_ = 0;
@@ -67,6 +83,8 @@ private:
     // The selection's thread only.
     SelectionReader reader_;
     SelectionSender sender_;
+    SelectionLoan loan_;
+    std::vector<SelectionQuery> heldBack_;  ///< until a loan has ended
     SelectionReader::Answered answered_;
     bool isHandedOver_ = false;
     std::thread thread_;

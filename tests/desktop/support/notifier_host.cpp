@@ -2,6 +2,7 @@
 #include "desktop/support/notifier_host.h"
 
 #include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <QDBusVariant>
 
 namespace pimloft::test {

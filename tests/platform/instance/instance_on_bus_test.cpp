@@ -60,7 +60,7 @@ TEST_F(InstanceOnBusTest, runsWithoutTheNameWhereAnotherLoginHasIt) {
     const auto second = LocalInstance::claim(folder_, QStringLiteral(":8"));
     ASSERT_NE(second, nullptr);
     const QString other = QStringLiteral("second login");
-    second->publish(QDBusConnection::connectToBus(QDBusConnection::SessionBus, other));
+    publish(*second, QDBusConnection::connectToBus(QDBusConnection::SessionBus, other));
     EXPECT_EQ(call(QStringLiteral("Doctor")), QStringLiteral("Tray: none")) << "the first one answers";
     QDBusConnection::disconnectFromBus(other);
 }

@@ -28,6 +28,8 @@ INSTANTIATE_TEST_SUITE_P(
         UriList{"withComments", "# two\r\nfile:///a\r\n#file:///b\r\n", "file:///a"},
         UriList{"withANulAtItsEnd", QByteArray("file:///a\r\n\0", 12), "file:///a"},
         UriList{"withASpaceAtItsEnd", "file:///a \r\n", "file:///a"},
+        UriList{"withASpaceAfterItsEnd", "file:///a\r\n ", "file:///a"},
+        UriList{"withASignInAName", "file:///a%231\r\n", "file:///a%231"},
         UriList{"withEscapes", "file:///My%20Files/%C3%A4", "file:///My%20Files/%C3%A4"},
         UriList{"withoutEscapes", "file:///My Files/\xc3\xa4", "file:///My%20Files/%C3%A4"},
         UriList{"withAPathThatIsNoText", "file:///caf%E9", "file:///caf%E9"},
@@ -56,6 +58,12 @@ TEST(CopiedFiles, areWrittenAsFileManagersReadThem) {
     EXPECT_EQ(uriList(urls), QByteArray("file:///a%20b\r\nfile:///c\r\n"));
     EXPECT_EQ(copiedFiles(urls), QByteArray("copy\nfile:///a%20b\nfile:///c"));
     EXPECT_EQ(filePaths(urls), QByteArray("/a b\n/c"));
+}
+
+TEST(CopiedFiles, haveThePathsThatTheirBytesSay) {
+    EXPECT_EQ(localPaths("file:///a%20b%0Ac\nfile:///caf%E9"),
+              (std::vector<QByteArray>{"/a b\nc", "/caf\xe9"}));
+    EXPECT_TRUE(localPaths("").empty());
 }
 
 TEST(CopiedFiles, comeBackAsTheyWere) {

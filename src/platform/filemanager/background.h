@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QFuture>
+#include <QObject>
+#include <QPromise>
+#include <QThreadPool>
+
+#include <memory>
+
+namespace pimloft {
+
+/// Runs `work` on another thread, since it may be stuck for long: a disk, a network. `done` gets its result
+/// on the thread of `context`, from the event loop, never after `context` is gone.
+template <typename Work, typename Done>
+void inBackground(QObject *context, Work work, Done done) {
+    using Result = decltype(work());
+    // Never destroyed: that would wait for whatever is stuck.
+    static QThreadPool *const threads = new QThreadPool;
+    const auto promise = std::make_shared<QPromise<Result>>();
+    promise->future().then(context, std::move(done));
+    threads->start([promise, work = std::move(work)] {
+        promise->start();
+        promise->addResult(work());
+        promise->finish();
+    });
+}
+
+}  // namespace pimloft
