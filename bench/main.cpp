@@ -20,6 +20,7 @@ constexpr struct {
     {"placement", measurePlacement}, {"keytap", measureKeyTap},   {"pasteboard", measurePasteboard},
     {"popup", measurePopup},         {"history", measureHistory}, {"rules", measureRules},
     {"sound", measureSound},         {"copyq", measureCopyQ},     {"finder", measureFinder},
+    {"moves", measureMoves},
 };
 
 }  // namespace
@@ -32,10 +33,11 @@ int main(int argc, char **argv) {
     parser.addOption({QStringLiteral("quick"), QStringLiteral("Fewer samples, no minute-long waits.")});
     parser.addOption({QStringLiteral("samples"), QStringLiteral("Where the samples are kept."),
                       QStringLiteral("folder"), QStringLiteral("bench")});
-    parser.addPositionalArgument(QStringLiteral("name"),
-                                 QStringLiteral("start, rest, drag, placement, keytap, pasteboard, popup, "
-                                                "history, rules, sound, copyq, finder; all without one"),
-                                 QStringLiteral("[name...]"));
+    parser.addPositionalArgument(
+        QStringLiteral("name"),
+        QStringLiteral("start, rest, drag, placement, keytap, pasteboard, popup, "
+                       "history, rules, sound, copyq, finder, moves; all without one"),
+        QStringLiteral("[name...]"));
     parser.process(application);
     const QStringList wanted = parser.positionalArguments();
     Table table(parser.value(QStringLiteral("samples")));

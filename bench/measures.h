@@ -35,6 +35,9 @@ void measureFinder(Table &table, Extent extent);
 /// How long a change of the volume is on its way, and what looking for players costs.
 void measureSound(Table &table, Extent extent);
 
+/// Moving files to another file system, beside what others do.
+void measureMoves(Table &table, Extent extent);
+
 /// The same of CopyQ, where it is installed.
 void measureCopyQ(Table &table, Extent extent);
 

@@ -217,7 +217,8 @@ desktop_start() {
     export XDG_CONFIG_HOME=$HOME/.config XDG_DATA_HOME=$HOME/.local/share XDG_CACHE_HOME=$HOME/.cache
     export XDG_RUNTIME_DIR=$HOME/.runtime XDG_SESSION_TYPE=x11 XDG_CURRENT_DESKTOP=Openbox
     unset WAYLAND_DISPLAY XAUTHORITY SESSION_MANAGER
-    export NO_AT_BRIDGE=1 GSETTINGS_BACKEND=memory GDK_SCALE=$2
+    # A file system daemon of another desktop would keep the file manager waiting.
+    export NO_AT_BRIDGE=1 GSETTINGS_BACKEND=memory GIO_USE_VFS=local GDK_SCALE=$2
     mkdir -p "$XDG_CONFIG_HOME" "$XDG_DATA_HOME" "$XDG_CACHE_HOME"
     mkdir -m 700 "$XDG_RUNTIME_DIR"
     mkdir -p "$HOME/Documents/Letters" "$HOME/Documents/Plans" "$HOME/Music" "$HOME/Pictures" "$HOME/Downloads"

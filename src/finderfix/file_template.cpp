@@ -54,7 +54,8 @@ QString icon(FileTemplate kind) {
 }
 
 NewFileKind newFile(FileTemplate kind) {
-    return {.name = QString(title(kind) + u'.' + rawValue(kind)).toUtf8(),
+    // A file keeps its name whatever language the user reads.
+    return {.name = QByteArray(row(kind).title) + '.' + rawValue(kind).toUtf8(),
             .content = row(kind).content,
             .isExecutable = row(kind).isExecutable};
 }

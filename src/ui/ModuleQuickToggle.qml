@@ -58,10 +58,10 @@ T.Switch {
             symbol: "chevron.down"
             size: Theme.symbolSize * 0.7
             text: row.unfolded ? qsTr("Hide %1").arg(row.text) : qsTr("Show %1").arg(row.text)
-            rotation: row.unfolded ? 180 : 0
+            turn: row.unfolded ? 180 : 0
             onClicked: row.disclosed()
 
-            Behavior on rotation {
+            Behavior on turn {
                 NumberAnimation {
                     duration: Theme.calm
                     easing.type: Easing.OutCubic

@@ -54,6 +54,7 @@ TEST_F(Templates, aNameThatIsNoTextIsListed) {
     const QByteArray path = QFile::encodeName(service.templatesDirectory()) + "/\xFF.txt";
     fclose(fopen(path.constData(), "w"));
     EXPECT_EQ(names(service.customTemplates()), "\xFF.txt");
+    remove(path.constData());
 }
 
 TEST_F(Templates, thereAreNoneWhereTheFolderCannotBeRead) {

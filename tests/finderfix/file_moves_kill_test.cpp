@@ -46,7 +46,7 @@ TEST(AMoveThatIsKilled, leavesEveryFileWholeInOnePlaceAndNoHalfOneUnderItsName) 
     SCOPED_TRACE(testing::Message() << "seed " << seed);
     std::mt19937 random(seed);
     int met = 0;
-    for (int run = 0; run < 25; ++run) {
+    for (int run = 0; run < 12; ++run) {
         const FileUrl source = volumes.here().appending("f");
         const FileUrl target = volumes.there().appending("f");
         test::makeFolder(source);

@@ -137,35 +137,30 @@ private:
     bool crosses_ = false;
 };
 
-TEST(TenThousandRandomMoves, comeToWhatTheModelSays) {
+void expectThatTenThousandStepsComeToTheModel(bool faults) {
     const unsigned seed = std::random_device()();
     SCOPED_TRACE(testing::Message() << "seed " << seed);
     RandomMoves moves(seed);
+    moves.faults = faults;
     for (int step = 0; step < 10'000; ++step) {
         if (step % 3 == 0)
             moves.make();
         else
             ASSERT_TRUE(moves.move()) << "step " << step;
-        if (step % 100 == 0)
-            ASSERT_EQ(test::listing(moves.root()), moves.model.text()) << "step " << step;
+        const bool isLookedAt = step % 100 == 99;
+        ASSERT_TRUE(!isLookedAt || test::listing(moves.root()) == moves.model.text())
+            << "step " << step << "\n"
+            << test::listing(moves.root()) << "instead of\n"
+            << moves.model.text();
     }
-    EXPECT_EQ(test::listing(moves.root()), moves.model.text());
+}
+
+TEST(TenThousandRandomMoves, comeToWhatTheModelSays) {
+    expectThatTenThousandStepsComeToTheModel(false);
 }
 
 TEST(TenThousandRandomMoves, withFaultsChangeNothingWhereTheyFail) {
-    const unsigned seed = std::random_device()();
-    SCOPED_TRACE(testing::Message() << "seed " << seed);
-    RandomMoves moves(seed);
-    moves.faults = true;
-    for (int step = 0; step < 10'000; ++step) {
-        if (step % 3 == 0)
-            moves.make();
-        else
-            ASSERT_TRUE(moves.move()) << "step " << step;
-        if (step % 100 == 0)
-            ASSERT_EQ(test::listing(moves.root()), moves.model.text()) << "step " << step;
-    }
-    EXPECT_EQ(test::listing(moves.root()), moves.model.text());
+    expectThatTenThousandStepsComeToTheModel(true);
 }
 
 }  // namespace

@@ -58,8 +58,8 @@ TEST_P(RealMoves, aFileKeepsContentModeOwnerTimesAndAttributes) {
 
     const FileUrl moved = target().appending("report.txt");
     EXPECT_FALSE(isThere(file));
-    EXPECT_EQ(test::read(moved), QByteArray(3'000'000, 'x') + "end");
     const struct stat status = statusOf(moved);
+    EXPECT_EQ(test::read(moved), QByteArray(3'000'000, 'x') + "end");
     EXPECT_EQ(status.st_mode, mode_t(S_IFREG | 04751));
     EXPECT_EQ(status.st_uid, geteuid());
     EXPECT_EQ(status.st_mtim.tv_sec, 1'100'000'000);

@@ -3,7 +3,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <set>
 #include <unistd.h>
 
@@ -49,8 +48,13 @@ void write(const FileUrl &file, const QByteArray &content) {
 }
 
 QByteArray read(const FileUrl &file) {
-    std::ifstream stream(file.path().toStdString(), std::ios::binary);
-    return QByteArray::fromStdString(std::string(std::istreambuf_iterator(stream), {}));
+    std::ifstream stream(file.path().toStdString(), std::ios::binary | std::ios::ate);
+    if (!stream)
+        return {};
+    QByteArray content(qsizetype(stream.tellg()), '\0');
+    stream.seekg(0);
+    stream.read(content.data(), content.size());
+    return content;
 }
 
 struct stat statusOf(const FileUrl &file) {

@@ -6,6 +6,7 @@
 
 #include "app/hotkey_manager.h"
 #include "finderfix/finder_fix_module.h"
+#include "finderfix/new_file_service.h"
 #include "keymapper/key_mapping_document.h"
 #include "keymapper/keyboard_session.h"
 #include "quickvolume/audio_engine.h"
@@ -14,6 +15,7 @@
 #include "ui/popover_controller.h"
 #include "ui/settings_window.h"
 
+#include <QFile>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QScreen>
@@ -103,6 +105,22 @@ TEST_P(Screens, keyMapper) {
     window->resize(window->minimumSize());
     test::type(window, Qt::Key_Tab);
     EXPECT_GE(colours(picture(window, QStringLiteral("keymapper-sheet-small"))), 50);
+}
+
+TEST_P(Screens, finderFix) {
+    for (const char *name : {"Letter.odt", "Meeting notes.md"})
+        QFile(NewFileService::shared().templatesDirectory() + QLatin1Char('/') + QString::fromUtf8(name))
+            .open(QFile::WriteOnly);
+    GeneralSettings general(session.settings(), session.accessibility(), session.desktop.workspace);
+    SettingsWindow settings(session.views(), general.page(), {session.appState().finderFix()});
+    settings.select(1);
+    settings.open();
+    QQuickWindow *window = test::shownWindow();
+    EXPECT_GE(colours(picture(window, QStringLiteral("finderfix"))), 50);
+    window->resize(window->width(), 940);
+    EXPECT_GE(colours(picture(window, QStringLiteral("finderfix-whole"))), 50);
+    window->resize(window->minimumSize());
+    EXPECT_GE(colours(picture(window, QStringLiteral("finderfix-small"))), 50);
 }
 
 TEST_P(Screens, gallery) {

@@ -52,7 +52,12 @@ void FileManagerCopy::start(const FileManagerWindow &window, Act act, Done done)
     request.wishes = wishesFor({PasteType::fileUrls, PasteType::plainText});
     request.cap = longestCopy;
     request.onKept = [this, act = std::move(act), answersPing = window.answersPing] {
-        act([this, answersPing](bool isDone) { isDone ? wait(answersPing) : fail(); });
+        act([this, answersPing, loan = loan_](bool isDone) {
+            // What it copied may have come before the word that it was made to.
+            if (loan != loan_ || !done_)
+                return;
+            isDone ? wait(answersPing) : fail();
+        });
     };
     request.onEnded = [this](const LoanResult &result) { ended(result); };
     loan_ = pasteboard_.lend(std::move(request), context_.get());

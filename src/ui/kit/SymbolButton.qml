@@ -10,6 +10,8 @@ T.Button {
     property string symbol
     property color tint: Theme.colors.secondaryText
     property double size: Theme.symbolSize
+    /// Degrees by which the symbol is turned.
+    property double turn: 0
     /// Whether it has no face under the pointer.
     property bool plain: false
     readonly property bool isTinted: !Qt.colorEqual(tint, Theme.colors.secondaryText)
@@ -23,6 +25,7 @@ T.Button {
             anchors.centerIn: parent
             name: button.symbol
             size: button.size
+            rotation: button.turn
             color: !button.isTinted && (button.hovered || button.down) ? Theme.colors.text : button.tint
         }
     }

@@ -41,7 +41,8 @@ QByteArray withPen(const QByteArray &svg, double factor) {
         result += QString::number(match.captured(1).toDouble() * factor);
         end = match.capturedEnd(1);
     }
-    return (result + QStringView(text).sliced(end)).toUtf8();
+    result += QStringView(text).sliced(end);
+    return result.toUtf8();
 }
 
 /// The parsed drawings for each weight of the pen, each read when it is first used.

@@ -24,6 +24,8 @@ struct FileManagerUnderTest {
     bool renamesInPlace = false;
     /// Its files get the keyboard only when the user goes there.
     bool startsElsewhere = false;
+    /// On a bare test desktop it opens no second window.
+    bool hasOneWindow = false;
 };
 std::ostream &operator<<(std::ostream &out, const FileManagerUnderTest &manager);
 
@@ -77,6 +79,7 @@ protected:
     PhysicalInput hands_;
     QString desktopFolder_;
     bool startsElsewhere_ = false;
+    bool hasOneWindow_ = false;
     xcb_window_t openAnother(const FileManagerUnderTest &manager, const QString &folder);
     std::vector<xcb_window_t> opened_;
     std::vector<std::unique_ptr<QProcess>> programs_;

@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <csignal>
 
 namespace pimloft {
@@ -83,6 +84,8 @@ TEST_P(FileManagerTest, tellsAnEmptyFolder) {
 }
 
 TEST_P(FileManagerTest, tellsOfTheWindowInFront) {
+    if (GetParam().hasOneWindow)
+        GTEST_SKIP() << "there is no second window";
     const QString one = makeFolder(QStringLiteral("first/same"), {"one.txt"});
     const QString other = makeFolder(QStringLiteral("second/same"), {"other.txt"});
     const auto first = open(one);
@@ -121,8 +124,11 @@ TEST_P(FileManagerTest, doesNotTouchANameThatIsBeingTyped) {
         EXPECT_TRUE(waitUntil([&] { return desktop_.activeWindow() != window; }));
     }
     hands_.type("af");
+    // Some tell the file whose name it is.
+    const std::vector<std::string> harmless{"unknown", "none", paths(folder, {"before"}),
+                                            folder.toStdString()};
     for (const std::string &answer : {selection(), shown()})
-        EXPECT_TRUE(answer == "unknown" || answer == "none" || answer == folder.toStdString()) << answer;
+        EXPECT_EQ(std::count(harmless.begin(), harmless.end(), answer), 1) << answer;
     hands_.type("ter");
     hands_.tap(KEY_ENTER);
     EXPECT_TRUE(waitUntil([&] { return QFileInfo::exists(folder + QStringLiteral("/after")); }))
@@ -215,7 +221,7 @@ const FileManagerUnderTest managers[] = {
     {"pcmanfmQt", "pcmanfm-qt", {QStringLiteral("--new-window")}, true},
     {"nemo", "nemo", {QStringLiteral("--no-desktop")}, true},
     {"caja", "caja", {QStringLiteral("--no-desktop")}, true},
-    {"nautilus", "nautilus", {QStringLiteral("--new-window")}, true, true},
+    {"nautilus", "nautilus", {QStringLiteral("--new-window")}, true, true, true},
     {"dolphin", "dolphin", {QStringLiteral("--new-window")}, true},
 };
 

@@ -130,10 +130,11 @@ TEST_F(X11PasteboardLoan, letsQuestionsWaitForTheContentThatTheyAreAbout) {
 
 TEST_F(X11PasteboardLoan, doesNotChangeWhoseContentItIs) {
     const auto owner = xclip("precious");
+    const QString program = QStringLiteral("process %1").arg(owner->processId());
     const auto before = origin(pasteboard_.changeCount());
     lend([] { qtCopies(); });
     EXPECT_EQ(origin(pasteboard_.changeCount()), before);
-    EXPECT_EQ(before->bundleId, QStringLiteral("process %1").arg(owner->processId()));
+    EXPECT_EQ(before->bundleId, program);
 }
 
 TEST_F(X11PasteboardLoan, keepsTheMarkOfWhatIsSecret) {

@@ -82,6 +82,7 @@ TEST_F(Entries, aNameThatIsNoTextWorks) {
     EXPECT_EQ(lstat(url("/Templates").appending("\xFF.txt").path().constData(), &status), 0);
     entries().removeAll();
     EXPECT_NE(lstat(url("/Templates").appending("\xFF.txt").path().constData(), &status), 0);
+    unlink(own.path().constData());
 }
 
 TEST_F(Entries, foldersAndBrokenLinksAreNotOffered) {
