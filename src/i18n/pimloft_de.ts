@@ -144,11 +144,11 @@
         <translation>Tastenbelegung bestätigen</translation>
     </message>
     <message>
-        <source>Enabling &quot;%1&quot;</source>
+        <source>Enabling "%1"</source>
         <translation>„%1“ wird eingeschaltet</translation>
     </message>
     <message>
-        <source>Press &quot;Keep&quot; to confirm, or wait %1 seconds to auto-revert.</source>
+        <source>Press "Keep" to confirm, or wait %1 seconds to auto-revert.</source>
         <translation>Mit „Behalten“ bestätigen, oder in %1 Sekunden wird sie zurückgenommen.</translation>
     </message>
     <message>
@@ -182,7 +182,7 @@
         <translation>Es gibt keinen X-Server, mit dem Pimloft sprechen könnte.</translation>
     </message>
     <message>
-        <source>Wayland, where a program cannot reach other programs&apos; windows and keys. Choose an X11 session when you log in.</source>
+        <source>Wayland, where a program cannot reach other programs' windows and keys. Choose an X11 session when you log in.</source>
         <translation>Wayland, wo ein Programm die Fenster und Tasten anderer nicht erreicht. Wählen Sie bei der Anmeldung eine X11-Sitzung.</translation>
     </message>
     <message>
@@ -259,7 +259,7 @@
         <translation>Vorlagenordner öffnen</translation>
     </message>
     <message>
-        <source>Add custom templates to this folder. They&apos;ll appear in the &quot;New File&quot; submenu.</source>
+        <source>Add custom templates to this folder. They'll appear in the "New File" submenu.</source>
         <translation>Legen Sie eigene Vorlagen in diesen Ordner. Sie erscheinen im Untermenü „Neue Datei“.</translation>
     </message>
     <message>
@@ -267,7 +267,7 @@
         <translation>Finder-Erweiterung</translation>
     </message>
     <message>
-        <source>The Finder Sync Extension must be enabled in System Settings for &quot;New File&quot; to appear in Finder&apos;s context menu.</source>
+        <source>The Finder Sync Extension must be enabled in System Settings for "New File" to appear in Finder's context menu.</source>
         <translation>Damit „Neue Datei“ im Kontextmenü des Finders erscheint, muss die Finder-Erweiterung in den Systemeinstellungen eingeschaltet sein.</translation>
     </message>
     <message>
@@ -478,14 +478,14 @@
         <translation>Wählen Sie Ihre Module</translation>
     </message>
     <message>
-        <source>All modules are enabled by default. Disable any you don&apos;t need.</source>
+        <source>All modules are enabled by default. Disable any you don't need.</source>
         <translation>Alle Module sind eingeschaltet. Schalten Sie aus, was Sie nicht brauchen.</translation>
     </message>
 </context>
 <context>
     <name>OnboardingReady</name>
     <message>
-        <source>You&apos;re All Set!</source>
+        <source>You're All Set!</source>
         <translation>Alles bereit!</translation>
     </message>
     <message>
@@ -511,7 +511,7 @@ Ein Klick auf das Symbol öffnet alle Funktionen.</translation>
     </message>
     <message>
         <source>Get Started</source>
-        <translation>Los geht&apos;s</translation>
+        <translation>Los geht's</translation>
     </message>
 </context>
 <context>
@@ -858,7 +858,7 @@ Ein Klick auf das Symbol öffnet alle Funktionen.</translation>
 <context>
     <name>WhatsNewView</name>
     <message>
-        <source>What&apos;s New in v%1</source>
+        <source>What's New in v%1</source>
         <translation>Neu in v%1</translation>
     </message>
     <message>
@@ -932,7 +932,7 @@ Ein Klick auf das Symbol öffnet alle Funktionen.</translation>
         <translation>Willkommen bei Pimloft</translation>
     </message>
     <message>
-        <source>What&apos;s New</source>
+        <source>What's New</source>
         <translation>Neuigkeiten</translation>
     </message>
 </context>
@@ -1034,7 +1034,7 @@ Ein Klick auf das Symbol öffnet alle Funktionen.</translation>
         <translation>Am Ziel ist nicht genug Speicherplatz frei.</translation>
     </message>
     <message>
-        <source>Could not move &quot;%1&quot;</source>
+        <source>Could not move "%1"</source>
         <translation>„%1“ konnte nicht bewegt werden</translation>
     </message>
     <message>

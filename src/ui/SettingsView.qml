@@ -9,7 +9,7 @@ WindowContent {
 
     required property SettingsWindow window
 
-    implicitWidth: sidebar.implicitWidth + Theme.unit * 100
+    implicitWidth: sidebar.implicitWidth + Theme.unit * 112
     implicitHeight: Theme.unit * 80
 
     Keys.onPressed: event => event.accepted = keys.handled(event)

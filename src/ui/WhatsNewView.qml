@@ -36,6 +36,8 @@ WindowContent {
                 Layout.fillWidth: true
                 text: qsTr("What's New in v%1").arg(view.news.version)
                 font: Theme.hero
+                wrapMode: Text.Wrap
+                maximumLineCount: 3
                 Accessible.role: Accessible.Heading
             }
         }

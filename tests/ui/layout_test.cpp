@@ -22,6 +22,8 @@ struct Setting {
     const char *name;
     Language language;
     bool mirrored = false;
+
+    friend void PrintTo(const Setting &setting, std::ostream *out) { *out << setting.name; }
 };
 
 /// What a page shows in one place, as a user sees it.

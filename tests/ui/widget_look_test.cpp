@@ -17,15 +17,19 @@ TEST(WidgetLook, dressesWindowsThatAreOpenInTheThemeAndFollowsIt) {
     const WidgetLook look(session.theme());
     QMessageBox alert;
     alert.setText(QStringLiteral("Key Remapping Disabled"));
-    alert.show();
-    EXPECT_EQ(alert.palette().color(QPalette::Window), ThemeColors::light().window);
+    const auto color = [&alert](QPalette::ColorRole role) {
+        QCoreApplication::sendPostedEvents();
+        return alert.palette().color(role).name().toStdString();
+    };
+    EXPECT_EQ(color(QPalette::Window), ThemeColors::light().window.name().toStdString());
 
     session.desktop.appearance.setDark(true);
-    EXPECT_EQ(alert.palette().color(QPalette::Window), ThemeColors::dark().window);
-    EXPECT_EQ(alert.palette().color(QPalette::WindowText), ThemeColors::dark().text);
+    EXPECT_EQ(QApplication::palette().color(QPalette::Window), ThemeColors::dark().window);
+    EXPECT_EQ(color(QPalette::Window), ThemeColors::dark().window.name().toStdString());
+    EXPECT_EQ(color(QPalette::WindowText), ThemeColors::dark().text.name().toStdString());
 
     session.desktop.appearance.setHighContrast(true);
-    EXPECT_EQ(alert.palette().color(QPalette::Window), ThemeColors::darkHighContrast().window);
+    EXPECT_EQ(color(QPalette::Window), ThemeColors::darkHighContrast().window.name().toStdString());
 }
 
 TEST(WidgetLook, usesTheTypeOfThePages) {

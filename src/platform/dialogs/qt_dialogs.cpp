@@ -32,13 +32,17 @@ void setIcon(QMessageBox &box, Alert::Style style) {
         box.setIconPixmap(ours.pixmap(QSize(side, side), box.devicePixelRatio()));
 }
 
-/// The message stands out from what explains it.
-void emphasizeMessage(QMessageBox &box) {
-    if (auto *label = box.findChild<QLabel *>(QStringLiteral("qt_msgbox_label"))) {
-        QFont font = label->font();
+/// The message stands out from what explains it, which is not squeezed into a column as narrow as it.
+void layOutTexts(QMessageBox &box) {
+    if (auto *message = box.findChild<QLabel *>(QStringLiteral("qt_msgbox_label"))) {
+        QFont font = message->font();
         font.setWeight(QFont::DemiBold);
-        label->setFont(font);
+        message->setFont(font);
     }
+    constexpr int charactersInALine = 48;
+    auto *explanation = box.findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"));
+    if (explanation && explanation->text().size() > charactersInALine)
+        explanation->setMinimumWidth(explanation->fontMetrics().averageCharWidth() * charactersInALine);
 }
 
 /// The answer of a file dialog that has been closed.
@@ -75,7 +79,7 @@ void QtDialogs::alert(const Alert &alert, QObject *context, std::function<void()
     // A file's name may look like markup.
     for (QLabel *label : box->findChildren<QLabel *>())
         label->setTextFormat(Qt::PlainText);
-    emphasizeMessage(*box);
+    layOutTexts(*box);
     QObject::connect(box, &QDialog::finished, context, [context, done = std::move(done)] {
         if (done)
             QMetaObject::invokeMethod(context, done, Qt::QueuedConnection);

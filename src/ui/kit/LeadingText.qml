@@ -38,7 +38,7 @@ Item {
         anchors.verticalCenter: parent.verticalCenter
         text: row.text
         wrapMode: Text.Wrap
-        maximumLineCount: 4
+        maximumLineCount: 8
         silent: row.speaksForText
     }
     RowLayout {

@@ -38,6 +38,8 @@ RowLayout {
         Layout.fillWidth: true
         text: row.action
         font: row.small ? Theme.caption : Theme.body
+        wrapMode: Text.Wrap
+        maximumLineCount: 4
         silent: true
     }
     Symbol {

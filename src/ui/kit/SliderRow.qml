@@ -24,7 +24,10 @@ RowLayout {
     Label {
         Layout.fillWidth: true
         Layout.preferredWidth: implicitWidth
+        Layout.minimumWidth: Math.min(implicitWidth, Theme.unit * 40)
         text: row.label
+        wrapMode: Text.Wrap
+        maximumLineCount: 4
         silent: true
     }
     Slider {
