@@ -187,6 +187,7 @@ TEST_P(FileManagerTest, isNotWaitedForWhenItHangs) {
     ASSERT_TRUE(process);
     kill(pid_t(*process), SIGSTOP);
     EXPECT_EQ(selection(), "unknown");
+    EXPECT_EQ(selection(), "unknown") << "nor is it sent more and more keys";
     kill(pid_t(*process), SIGCONT);
     expectSelection(paths(folder, {"a.txt"}));
     EXPECT_EQ(clipboardText(), "what was copied before");
