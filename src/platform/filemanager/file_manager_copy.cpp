@@ -38,6 +38,7 @@ FileManagerCopy::FileManagerCopy(X11Pasteboard &pasteboard) : pasteboard_(pasteb
     grace_.setSingleShot(true);
     grace_.setTimerType(Qt::PreciseTimer);
     connect(&grace_, &QTimer::timeout, this, [this] {
+        hasActed_ = false;
         busyWindow_ = XCB_NONE;
         pasteboard_.nothingComes(loan_);
     });

@@ -56,7 +56,7 @@ private:
     std::unique_ptr<WindowPing> ping_;
     QTimer grace_;
     xcb_window_t window_ = XCB_NONE;
-    bool hasActed_ = false;
+    bool hasActed_ = false;               ///< and the window has perhaps not read it
     xcb_window_t busyWindow_ = XCB_NONE;  ///< has not dealt with what it was sent
     QDeadlineTimer busy_;                 ///< for which that is believed
     Done done_;
