@@ -45,7 +45,9 @@ typedef struct {
 @end
 
 @interface NSString : NSObject
-- (instancetype)initWithBytes:(const void *)bytes length:(NSUInteger)length encoding:(NSStringEncoding)encoding;
+- (instancetype)initWithBytes:(const void *)bytes
+                       length:(NSUInteger)length
+                     encoding:(NSStringEncoding)encoding;
 - (NSUInteger)lengthOfBytesUsingEncoding:(NSStringEncoding)encoding;
 - (const char *)UTF8String;
 - (BOOL)isEqualToString:(NSString *)other;
