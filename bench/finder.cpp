@@ -7,7 +7,9 @@
 #include "platform/scripting/finder_script.h"
 #include "platform/scripting/finder_scripts.h"
 
+#include <QCoreApplication>
 #include <QDir>
+#include <QEventLoop>
 #include <QFile>
 #include <QStandardPaths>
 
@@ -66,7 +68,8 @@ struct Bridge {
 };
 
 std::unique_ptr<QProcess> open(Stage &stage, const Manager &manager, const QString &folder) {
-    QStringList command{QStringLiteral("-u"), QStringLiteral("NO_AT_BRIDGE"), QLatin1String(manager.program)};
+    QStringList command{QStringLiteral("-u"), QStringLiteral("NO_AT_BRIDGE"),
+                        QStringLiteral("GSK_RENDERER=cairo"), QLatin1String(manager.program)};
     if (manager.newWindow)
         command << QLatin1String(manager.newWindow);
     auto process = stage.session.start(QStringLiteral("env"), command << folder);

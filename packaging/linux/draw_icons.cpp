@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// draw_icons LARGE.svg SMALL.svg FOLDER: draws the application icon at each size of the hicolor theme, as
+// draw_icons LARGE.svg SMALL.svg FOLDER: draws the application icon at each size that a system asks for, as
 // FOLDER/16.png and so on. Part of the build.
 #include <QImage>
 #include <QPainter>
@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int sides[] = {16, 22, 24, 32, 48, 64, 128, 256, 512};
+constexpr int sides[] = {16, 22, 24, 32, 48, 64, 128, 256, 512, 1024};
 constexpr int smallestLarge = 48;
 
 bool draw(QSvgRenderer &drawing, int side, const QString &path) {

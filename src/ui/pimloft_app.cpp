@@ -26,9 +26,8 @@ constexpr int slip = 8;
 }  // namespace
 
 PimloftApp::PimloftApp(Process &process, AppState &appState, QuickViewHost &views)
-    : widgets_(Theme::shared()),
-      general_(SettingsManager::shared(), AccessibilityManager::shared(), UpdateManager::shared(),
-               process.platform().workspace),
+    : widgets_(Theme::shared()), general_(SettingsManager::shared(), AccessibilityManager::shared(),
+                                          UpdateManager::shared(), process.platform().workspace),
       settings_(views, general_.page(), appState.allModules()),
       popover_(appState, AccessibilityManager::shared(), views.engine(), process.platform().panels,
                process.platform().displays),

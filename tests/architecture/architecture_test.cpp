@@ -42,11 +42,6 @@ std::vector<SourceFile> everything() {
     return files;
 }
 
-/// Files for the other system are built by no target here.
-bool isForAnotherSystem(const SourceFile &file) {
-    return file.path.filename().string().rfind("mac_", 0) == 0;
-}
-
 /// The part of Qt that a header in angle brackets belongs to.
 std::optional<std::string> partOfQt(const std::string &header) {
     const fs::path root = QT_HEADERS;
@@ -61,8 +56,6 @@ std::optional<std::string> partOfQt(const std::string &header) {
 TEST(Architecture, everyFileIsBuiltByATargetOfThePlan) {
     std::vector<std::string> violations;
     for (const SourceFile &file : product()) {
-        if (isForAnotherSystem(file))
-            continue;
         if (file.target.empty())
             violations.push_back(at(file, 1, "no target of CMake lists this file"));
         else if (!layerOf(file.target))

@@ -29,7 +29,6 @@ protected:
         audio_.emplace();
     }
 
-
     std::optional<MacAudio> audio_;
 };
 

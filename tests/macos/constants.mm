@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The numbers that the tests expect, behind the names that the program uses. Compiled by the tests against our
-// own declarations, and on a Mac against the system's: that is what makes the tests' numbers true.
+// The numbers that the tests expect, behind the names that the program uses. Compiled by the tests against
+// our own declarations, and on a Mac against the system's: that is what makes the tests' numbers true.
 #import <AppKit/AppKit.h>
 #import <ServiceManagement/ServiceManagement.h>
 
@@ -32,7 +32,8 @@ static_assert(kAXValueTypeCGPoint == 1 && kAXValueTypeCGSize == 2);
 static_assert(kAXErrorSuccess == 0);
 
 // Sound.
-static_assert(kAudioObjectSystemObject == 1 && kAudioObjectUnknown == 0 && kAudioObjectPropertyElementMain == 0);
+static_assert(kAudioObjectSystemObject == 1 && kAudioObjectUnknown == 0 &&
+              kAudioObjectPropertyElementMain == 0);
 static_assert(kAudioObjectPropertyScopeGlobal == 0x676C6F62 && kAudioObjectPropertyScopeOutput == 0x6F757470);
 static_assert(kAudioHardwarePropertyDefaultOutputDevice == 0x644F7574);
 static_assert(kAudioHardwarePropertyDevices == 0x64657623);

@@ -81,8 +81,7 @@ TEST_F(MacDiagnosisTest, saysWhatBecameOfTheTap) {
 
 TEST_F(MacDiagnosisTest, saysThatThereIsNoOutput) {
     mac::soundSystem().output = 0;
-    EXPECT_EQ(finding(QStringLiteral("Sound")),
-              "*There is no output device: the volume mixer stays empty.");
+    EXPECT_EQ(finding(QStringLiteral("Sound")), "*There is no output device: the volume mixer stays empty.");
 }
 
 }  // namespace

@@ -84,8 +84,8 @@ class MacNoticesTest : public MacTest {};
 TEST_F(MacNoticesTest, letGoOfTheirHandlers) {
     const auto probe = std::make_shared<int>();
     for (const auto kind : {MacNotice::Kind::screensChanged, MacNotice::Kind::applicationActivated,
-                            MacNotice::Kind::displayOptionsChanged,
-                            MacNotice::Kind::sessionLeft, MacNotice::Kind::screensSlept}) {
+                            MacNotice::Kind::displayOptionsChanged, MacNotice::Kind::sessionLeft,
+                            MacNotice::Kind::screensSlept}) {
         const MacNotice notice(kind, [probe] {});
         EXPECT_GT(probe.use_count(), 1);
     }

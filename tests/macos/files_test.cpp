@@ -115,8 +115,8 @@ TEST_F(MacFilesTest, leavesNothingOfACopyThatFails) {
 }
 
 TEST_F(MacFilesTest, givesUpWhenItIsAskedTo) {
-    const auto staged = files_.stage(url(QStringLiteral("report.txt")), url(QStringLiteral("target")),
-                                     [] { return true; });
+    const auto staged =
+        files_.stage(url(QStringLiteral("report.txt")), url(QStringLiteral("target")), [] { return true; });
     EXPECT_EQ(staged.error->problem, FileProblem::cancelled);
     EXPECT_EQ(names(QStringLiteral("target")), "");
 }

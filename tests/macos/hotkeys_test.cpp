@@ -34,8 +34,8 @@ TEST_F(MacHotkeysTest, removesTheHandlerWhenItGoes) {
 TEST_F(MacHotkeysTest, registersACombinationUnderItsSignatureAndId) {
     log();
     EXPECT_TRUE(hotkeys_->grant(Key::v, commandShift, HotkeyId(1)));
-    EXPECT_TRUE(hotkeys_->grant(Key::leftArrow, CarbonModifiers::control | CarbonModifiers::command,
-                               HotkeyId(7)));
+    EXPECT_TRUE(
+        hotkeys_->grant(Key::leftArrow, CarbonModifiers::control | CarbonModifiers::command, HotkeyId(7)));
     EXPECT_EQ(log(), "register 9 0x300 as PMLF 1, options 0\n"
                      "register 123 0x1100 as PMLF 7, options 0\n");
 }

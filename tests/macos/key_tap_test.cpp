@@ -62,10 +62,10 @@ TEST_F(MacKeyTapTest, asksTheFilterAboutKeysAndModifiers) {
     deliverKey(kCGEventKeyDown, 9, 0x100000);
     deliverKey(kCGEventKeyUp, 9, 0x100000);
     deliverKey(kCGEventFlagsChanged, 60, 0x20000);
-    EXPECT_THAT(filter_->seen, testing::ElementsAre(
-                                   KeyEvent{Key::v, KeyFlags::command, KeyEventType::down},
-                                   KeyEvent{Key::v, KeyFlags::command, KeyEventType::up},
-                                   KeyEvent{Key::rightShift, KeyFlags::shift, KeyEventType::flagsChanged}));
+    EXPECT_THAT(filter_->seen,
+                testing::ElementsAre(KeyEvent{Key::v, KeyFlags::command, KeyEventType::down},
+                                     KeyEvent{Key::v, KeyFlags::command, KeyEventType::up},
+                                     KeyEvent{Key::rightShift, KeyFlags::shift, KeyEventType::flagsChanged}));
     EXPECT_EQ(filter_->front, "com.apple.Terminal");
 }
 

@@ -19,31 +19,32 @@ namespace {
 /// Foundation would look for the user's own settings.
 [[maybe_unused]] const bool hasOwnFolder = qputenv("GNUSTEP_CONFIG_FILE", GNUSTEP_CONFIG);
 
-constexpr std::array ownedClasses{"PimloftPanel", "PimloftAppearanceObserver", "FakeScript", "FakeMonitor",
-                                  "FakeToken", "NSView"};
+constexpr std::array ownedClasses{
+    "PimloftPanel", "PimloftAppearanceObserver", "FakeScript", "FakeMonitor", "FakeToken", "NSView"};
 
-std::string leftovers() {
-    std::string text;
+std::map<std::string, int> ownedObjects() {
+    std::map<std::string, int> counts;
     for (const char *name : ownedClasses)
-        if (const int count = mac::liveInstances(name))
-            text += std::to_string(count) + ' ' + name + '\n';
-    return text;
+        counts[name] = mac::liveInstances(name);
+    return counts;
 }
 
 }  // namespace
 
 MacTest::MacTest() {
     mac::reset();
+    ownedBefore_ = ownedObjects();
+    objectsBefore_ = mac::liveObjects();
 }
 
 MacTest::~MacTest() {
     // What the system itself keeps is its own.
     mac::resetPreferences();
     EXPECT_EQ(mac::problems(), "");
-    EXPECT_EQ(mac::liveObjects(), 0) << "objects of the C frameworks that nobody has released";
+    EXPECT_EQ(mac::liveObjects(), objectsBefore_) << "objects of the C frameworks that nobody has released";
     EXPECT_EQ(mac::liveCopyStates(), 0);
     EXPECT_EQ(mac::registrations(), 0) << "observers and monitors that are still registered";
-    EXPECT_EQ(leftovers(), "") << "objects that nobody has released";
+    EXPECT_EQ(ownedObjects(), ownedBefore_) << "objects that nobody has released";
 }
 
 void MacTest::runQueue() {

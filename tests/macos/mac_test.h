@@ -6,7 +6,9 @@
 
 #include <gmock/gmock.h>
 
+#include <map>
 #include <optional>
+#include <string>
 
 namespace pimloft::test {
 
@@ -21,6 +23,11 @@ protected:
     static std::string log() { return mac::takeLog(); }
     /// What is queued happens.
     static void runQueue();
+
+private:
+    // What an earlier test has left behind is that test's failure.
+    std::map<std::string, int> ownedBefore_;
+    int objectsBefore_ = 0;
 };
 
 }  // namespace pimloft::test

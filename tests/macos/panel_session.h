@@ -28,7 +28,8 @@ protected:
     std::vector<std::uintptr_t> views_;
     QPointer<QWindow> content_;  ///< of the newest panel
     MacAppearance appearance_;
-    MacPanels panels_{appearance_, std::chrono::seconds(60), [this](QWindow &) { return views_.emplace_back(mac::makeView()); }};
+    MacPanels panels_{appearance_, std::chrono::seconds(60),
+                      [this](QWindow &) { return views_.emplace_back(mac::makeView()); }};
 };
 
 }  // namespace pimloft::test

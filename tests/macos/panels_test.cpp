@@ -103,8 +103,12 @@ TEST_F(MacPanelsTest, takesAPanelOffTheScreenThatIsDestroyed) {
 TEST_F(MacPanelsTest, letGoOfTheirHandlers) {
     const auto probe = std::make_shared<int>();
     const std::uintptr_t view = mac::makeView();
-    { const MacPanelWindow window(PanelKind::popup, view, [probe] {}); }
-    { const MacClickMonitor monitor([probe] {}); }
+    {
+        const MacPanelWindow window(PanelKind::popup, view, [probe] {});
+    }
+    {
+        const MacClickMonitor monitor([probe] {});
+    }
     EXPECT_EQ(probe.use_count(), 1);
     mac::releaseView(view);
 }

@@ -45,8 +45,8 @@ TEST_F(MacPicturesTest, keepTheShapeOfAPictureThatIsNoSquare) {
 
 TEST_F(MacPicturesTest, comeInTheSizesOfListsAndFineScreens) {
     QList<QSize> sizes = templateIcon(QStringLiteral("square")).availableSizes();
-    EXPECT_THAT(sizes, testing::UnorderedElementsAre(QSize(16, 16), QSize(32, 32), QSize(64, 64),
-                                                     QSize(128, 128)));
+    EXPECT_THAT(sizes,
+                testing::UnorderedElementsAre(QSize(16, 16), QSize(32, 32), QSize(64, 64), QSize(128, 128)));
 }
 
 }  // namespace

@@ -155,9 +155,9 @@ TEST_F(MacPopupsTest, giveTheKeyboardBackBeforeAKeyIsPosted) {
 
 class MacIdlePopupsTest : public MacPopupsTest {
 protected:
-    MacIdlePopupsTest() : idlePanels_(appearance_, std::chrono::milliseconds(40), [this](QWindow &) {
-        return views_.emplace_back(mac::makeView());
-    }) {}
+    MacIdlePopupsTest()
+        : idlePanels_(appearance_, std::chrono::milliseconds(40),
+                      [this](QWindow &) { return views_.emplace_back(mac::makeView()); }) {}
 
     MacPanels idlePanels_;
 };

@@ -32,8 +32,8 @@ protected:
 };
 
 TEST_F(MacScriptingTest, runsEachTextUnchanged) {
-    for (const QString &text : {finderSelectionScript(), finderTargetScript(),
-                                setVolumeScript(QStringLiteral("Spotify"), 50)}) {
+    for (const QString &text :
+         {finderSelectionScript(), finderTargetScript(), setVolumeScript(QStringLiteral("Spotify"), 50)}) {
         run(text);
         EXPECT_EQ(log(), "run " + text.toStdString() + '\n');
     }
@@ -42,8 +42,8 @@ TEST_F(MacScriptingTest, runsEachTextUnchanged) {
 TEST_F(MacScriptingTest, answersTheItemsOfAListInOrder) {
     answer(QStringLiteral("list")).list = {{"/tmp/b", "/tmp/ä", "/tmp/c"}};
     const ScriptResult result = run(QStringLiteral("list"));
-    EXPECT_THAT(result.items, ElementsAre(QStringLiteral("/tmp/b"), QStringLiteral("/tmp/ä"),
-                                          QStringLiteral("/tmp/c")));
+    EXPECT_THAT(result.items,
+                ElementsAre(QStringLiteral("/tmp/b"), QStringLiteral("/tmp/ä"), QStringLiteral("/tmp/c")));
     EXPECT_EQ(result.error, std::nullopt);
 }
 

@@ -111,7 +111,8 @@ TEST_P(Screens, finderFix) {
     for (const char *name : {"Letter.odt", "Meeting notes.md"})
         QFile(NewFileService::shared().templatesDirectory() + QLatin1Char('/') + QString::fromUtf8(name))
             .open(QFile::WriteOnly);
-    GeneralSettings general(session.settings(), session.accessibility(), session.desktop.workspace);
+    GeneralSettings general(session.settings(), session.accessibility(), session.updates(),
+                            session.desktop.workspace);
     SettingsWindow settings(session.views(), general.page(), {session.appState().finderFix()});
     settings.select(1);
     settings.open();

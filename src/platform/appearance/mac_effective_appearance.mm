@@ -5,7 +5,7 @@
 
 /// What the application tells of its appearance, for one owner.
 @interface PimloftAppearanceObserver : NSObject {
-  @private
+@private
     const std::function<void()> *changed_;
 }
 - (instancetype)initWithHandler:(const std::function<void()> *)changed;

@@ -30,8 +30,9 @@ Finding MacDiagnosis::accessibility() {
     const QString subject = text("Accessibility");
     if (windows_.isTrusted())
         return {subject, true, text("Allowed")};
-    return {subject, false,
-            text("Not allowed in the privacy settings: windows are not placed, and key mappings do nothing.")};
+    return {
+        subject, false,
+        text("Not allowed in the privacy settings: windows are not placed, and key mappings do nothing.")};
 }
 
 Finding MacDiagnosis::keyEvents() const {

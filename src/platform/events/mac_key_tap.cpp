@@ -10,8 +10,8 @@ namespace pimloft {
 
 namespace {
 
-constexpr CGEventMask keyEvents = CGEventMaskBit(kCGEventKeyDown) | CGEventMaskBit(kCGEventKeyUp) |
-                                  CGEventMaskBit(kCGEventFlagsChanged);
+constexpr CGEventMask keyEvents =
+    CGEventMaskBit(kCGEventKeyDown) | CGEventMaskBit(kCGEventKeyUp) | CGEventMaskBit(kCGEventFlagsChanged);
 
 std::optional<KeyEventType> keyEventType(CGEventType type) {
     switch (type) {

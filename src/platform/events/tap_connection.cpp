@@ -50,8 +50,8 @@ std::optional<Locks> locksOf(xcb_connection_t *connection, std::uint16_t device)
 }
 
 void setLocks(xcb_connection_t *connection, std::uint16_t device, const Locks &locks) {
-    xcb_xkb_latch_lock_state(connection, device, allModifierBits, locks.modifiers, true, locks.group, 0, false,
-                             0);
+    xcb_xkb_latch_lock_state(connection, device, allModifierBits, locks.modifiers, true, locks.group, 0,
+                             false, 0);
 }
 
 }  // namespace

@@ -19,6 +19,9 @@ constexpr int pingRounds = 2;
 /// The answer may still overtake the copy by a little.
 constexpr auto grace = 30ms;
 
+/// A window that answers nothing is left alone for so long.
+constexpr auto longestBusy = 10s;
+
 /// A window that tells nothing about what it has read is given so long.
 constexpr auto graceWithoutPing = 150ms;
 
@@ -34,7 +37,11 @@ CopiedContent contentOf(const SelectionAnswer &answer) {
 FileManagerCopy::FileManagerCopy(X11Pasteboard &pasteboard) : pasteboard_(pasteboard) {
     grace_.setSingleShot(true);
     grace_.setTimerType(Qt::PreciseTimer);
-    connect(&grace_, &QTimer::timeout, this, [this] { pasteboard_.nothingComes(loan_); });
+    connect(&grace_, &QTimer::timeout, this, [this] {
+        hasActed_ = false;
+        busyWindow_ = XCB_NONE;
+        pasteboard_.nothingComes(loan_);
+    });
 }
 
 FileManagerCopy::~FileManagerCopy() {
@@ -43,10 +50,20 @@ FileManagerCopy::~FileManagerCopy() {
 
 void FileManagerCopy::start(const FileManagerWindow &window, Act act, Done done) {
     stop();
-    grace_.stop();
     done_ = std::move(done);
-    ping_ = std::make_unique<WindowPing>(window.window);
     context_ = std::make_unique<QObject>();
+    if (busyWindow_ != window.window || busy_.hasExpired())
+        lend(window, std::move(act));
+    else
+        QTimer::singleShot(0, context_.get(), [this] { std::exchange(done_, nullptr)({}); });
+}
+
+void FileManagerCopy::lend(const FileManagerWindow &window, Act act) {
+    grace_.stop();
+    busyWindow_ = XCB_NONE;
+    window_ = window.window;
+    hasActed_ = false;
+    ping_ = std::make_unique<WindowPing>(window.window);
     LoanRequest request;
     request.borrower = window.window;
     request.wishes = wishesFor({PasteType::fileUrls, PasteType::plainText});
@@ -56,6 +73,7 @@ void FileManagerCopy::start(const FileManagerWindow &window, Act act, Done done)
             // What it copied may have come before the word that it was made to.
             if (loan != loan_ || !done_)
                 return;
+            hasActed_ = isDone;
             isDone ? wait(answersPing) : fail();
         });
     };
@@ -82,6 +100,7 @@ void FileManagerCopy::ping(int round) {
 void FileManagerCopy::ended(const LoanResult &result) {
     grace_.stop();
     ping_.reset();
+    hasActed_ = false;
     const Done done = std::exchange(done_, nullptr);
     if (!done)
         return;
@@ -102,6 +121,10 @@ void FileManagerCopy::stop() {
     if (!std::exchange(done_, nullptr))
         return;
     // The ping goes on: once it is answered, nothing is to be taken back any more.
+    if (std::exchange(hasActed_, false)) {
+        busyWindow_ = window_;
+        busy_.setRemainingTime(longestBusy, Qt::CoarseTimer);
+    }
     pasteboard_.giveUpLoan(loan_);
     context_.reset();
 }

@@ -5,6 +5,7 @@
 #include "platform/filemanager/window_ping.h"
 #include "platform/pasteboard/x11_pasteboard.h"
 
+#include <QDeadlineTimer>
 #include <QTimer>
 
 #include <memory>
@@ -37,11 +38,13 @@ public:
     /// cannot be done.
     using Act = std::function<void(std::function<void(bool)>)>;
 
+    /// A window that has still to deal with what it was sent before is not sent more.
     void start(const FileManagerWindow &window, Act act, Done done);
     /// Ends it without an answer. What the window copies later is still taken back from it.
     void stop();
 
 private:
+    void lend(const FileManagerWindow &window, Act act);
     void wait(bool answersPing);
     void ping(int round);
     void fail();
@@ -52,6 +55,10 @@ private:
     std::unique_ptr<QObject> context_;  ///< of the callbacks of the current one
     std::unique_ptr<WindowPing> ping_;
     QTimer grace_;
+    xcb_window_t window_ = XCB_NONE;
+    bool hasActed_ = false;               ///< and the window has perhaps not read it
+    xcb_window_t busyWindow_ = XCB_NONE;  ///< has not dealt with what it was sent
+    QDeadlineTimer busy_;                 ///< for which that is believed
     Done done_;
 };
 

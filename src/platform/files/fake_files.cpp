@@ -18,7 +18,7 @@ QByteArray folderOf(const QByteArray &path) {
 }
 
 bool isIn(const QByteArray &path, const QByteArray &folder) {
-    return path == folder || path.startsWith(folder + '/');
+    return path.startsWith(folder) && (path.size() == folder.size() || path.at(folder.size()) == '/');
 }
 
 }  // namespace
@@ -157,16 +157,17 @@ QByteArray FakeFiles::volume(const QByteArray &path) const {
 
 void FakeFiles::moveTree(const QByteArray &from, const QByteArray &to, bool keep) {
     std::map<QByteArray, QByteArray> moved;
-    for (const auto &[path, content] : items_)
-        if (isIn(path, from))
-            moved.emplace(to + path.mid(from.size()), content);
+    for (auto item = items_.lower_bound(from); item != items_.end() && item->first.startsWith(from); ++item)
+        if (isIn(item->first, from))
+            moved.emplace(to + item->first.mid(from.size()), item->second);
     if (!keep)
         removeTree(from);
     items_.merge(moved);
 }
 
 void FakeFiles::removeTree(const QByteArray &path) {
-    std::erase_if(items_, [&](const auto &item) { return isIn(item.first, path); });
+    for (auto item = items_.lower_bound(path); item != items_.end() && item->first.startsWith(path);)
+        item = isIn(item->first, path) ? items_.erase(item) : std::next(item);
 }
 
 bool FakeFiles::has(const QByteArray &path) const {

@@ -45,7 +45,8 @@ int askWhetherToGoOn(int, int, copyfile_state_t, const char *, const char *, voi
 int copy(const std::string &from, const std::string &to, const FileService::IsCancelled &isCancelled) {
     const std::unique_ptr<std::remove_pointer_t<copyfile_state_t>, FreeState> state(copyfile_state_alloc());
     Progress progress{isCancelled};
-    copyfile_state_set(state.get(), COPYFILE_STATE_STATUS_CB, reinterpret_cast<const void *>(askWhetherToGoOn));
+    copyfile_state_set(state.get(), COPYFILE_STATE_STATUS_CB,
+                       reinterpret_cast<const void *>(askWhetherToGoOn));
     copyfile_state_set(state.get(), COPYFILE_STATE_STATUS_CTX, &progress);
     if (copyfile(from.c_str(), to.c_str(), state.get(), everythingThatBelongsToIt) == 0)
         return 0;
@@ -130,7 +131,8 @@ bool MacStagedCopy::isStill(const Entry &entry) {
     const bool isThere = now.status.st_ino != 0;
     if (!isThere)
         return true;  // somebody else has removed it
-    const bool isSame = now.status.st_dev == entry.status.st_dev && now.status.st_ino == entry.status.st_ino &&
+    const bool isSame = now.status.st_dev == entry.status.st_dev &&
+                        now.status.st_ino == entry.status.st_ino &&
                         (now.status.st_mode & S_IFMT) == (entry.status.st_mode & S_IFMT);
     return isSame && (S_ISDIR(now.status.st_mode) ||
                       (now.status.st_size == entry.status.st_size && now.modified == entry.modified));

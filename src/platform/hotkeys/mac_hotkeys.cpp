@@ -30,7 +30,8 @@ struct MacHotkeys::Callback {
 MacHotkeys::MacHotkeys() {
     constexpr EventTypeSpec presses{kEventClassKeyboard, kEventHotKeyPressed};
     EventHandlerRef handler = nullptr;
-    if (InstallEventHandler(GetApplicationEventTarget(), Callback::call, 1, &presses, this, &handler) == noErr)
+    if (InstallEventHandler(GetApplicationEventTarget(), Callback::call, 1, &presses, this, &handler) ==
+        noErr)
         handler_ = handler;
 }
 

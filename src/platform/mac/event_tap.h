@@ -13,8 +13,8 @@ namespace pimloft {
 /// ends it; no event follows. Main thread.
 class EventTap {
 public:
-    /// `callback` is called with `owner` for every event of `events`, also while a menu is open or a window is
-    /// moved. Nothing without the user's permission.
+    /// `callback` is called with `owner` for every event of `events`, also while a menu is open or a window
+    /// is moved. Nothing without the user's permission.
     static std::unique_ptr<EventTap> install(CGEventTapOptions options, CGEventMask events,
                                              CGEventTapCallBack callback, void *owner);
     ~EventTap();

@@ -55,7 +55,8 @@ MacPicture filePicture(const std::string &path, int side) {
 
 MacPicture symbolPicture(const std::string &name, int side) {
     @autoreleasepool {
-        NSImage *image = [NSImage imageWithSystemSymbolName:foundationText(name) accessibilityDescription:nil];
+        NSImage *image = [NSImage imageWithSystemSymbolName:foundationText(name)
+                                   accessibilityDescription:nil];
         [image setTemplate:YES];
         return draw(image, side);
     }

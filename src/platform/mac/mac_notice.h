@@ -11,7 +11,7 @@ namespace pimloft {
 class MacNotice {
 public:
     enum class Kind {
-        screensChanged,  ///< a screen came, went or changed its size or its usable area
+        screensChanged,         ///< a screen came, went or changed its size or its usable area
         displayOptionsChanged,  ///< contrast, motion and the like
         applicationActivated,
         sessionLeft,   ///< another user's session is in front

@@ -9,8 +9,7 @@ namespace pimloft {
 
 void postKey(KeyCode key, KeyStroke stroke, std::optional<KeyFlags> flags) {
     const CfRef source(CGEventSourceCreate(kCGEventSourceStateHIDSystemState));
-    const CfRef event(
-        CGEventCreateKeyboardEvent(source.get(), CGKeyCode(key), stroke == KeyStroke::down));
+    const CfRef event(CGEventCreateKeyboardEvent(source.get(), CGKeyCode(key), stroke == KeyStroke::down));
     if (!event)
         return;
     if (flags)

@@ -5,7 +5,7 @@
 
 /// A panel without a frame, which AppKit would by itself never give the keyboard.
 @interface PimloftPanel : NSPanel {
-  @private
+@private
     BOOL takesTyping_;
 }
 - (void)setTakesTyping:(BOOL)takesTyping;
@@ -79,13 +79,12 @@ MacPanelWindow::MacPanelWindow(PanelKind kind, std::uintptr_t view, std::functio
         window_->view = [reinterpret_cast<NSView *>(view) retain];
         // A subview: Qt takes the content view's window for one of its own.
         [[window_->panel contentView] addSubview:window_->view];
-        id token = [[NSNotificationCenter defaultCenter]
-            addObserverForName:NSWindowDidResignKeyNotification
-                        object:window_->panel
-                         queue:nil
-                    usingBlock:^(NSNotification *) {
-                      lostTyping();
-                    }];
+        id token = [[NSNotificationCenter defaultCenter] addObserverForName:NSWindowDidResignKeyNotification
+                                                                     object:window_->panel
+                                                                      queue:nil
+                                                                 usingBlock:^(NSNotification *) {
+                                                                   lostTyping();
+                                                                 }];
         window_->lostTyping = [token retain];
     }
 }
@@ -139,11 +138,11 @@ struct MacClickMonitor::Monitor {
 
 MacClickMonitor::MacClickMonitor(std::function<void()> clicked) : monitor_(std::make_unique<Monitor>()) {
     @autoreleasepool {
-        id token =
-            [NSEvent addGlobalMonitorForEventsMatchingMask:NSEventMaskLeftMouseDown | NSEventMaskRightMouseDown
-                                                   handler:^(NSEvent *) {
-                                                     clicked();
-                                                   }];
+        id token = [NSEvent
+            addGlobalMonitorForEventsMatchingMask:NSEventMaskLeftMouseDown | NSEventMaskRightMouseDown
+                                          handler:^(NSEvent *) {
+                                            clicked();
+                                          }];
         monitor_->token = [token retain];
     }
 }

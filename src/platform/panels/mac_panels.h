@@ -20,8 +20,7 @@ public:
 
     /// `idle`: how long a popup waits for input.
     explicit MacPanels(const AppearanceService &appearance,
-                       std::chrono::milliseconds idle = std::chrono::seconds(60),
-                       ViewOf viewOf = nativeView);
+                       std::chrono::milliseconds idle = std::chrono::seconds(60), ViewOf viewOf = nativeView);
 
     std::unique_ptr<Panel> create(PanelKind kind, std::unique_ptr<QWindow> content) override;
     /// Every window of this system is blended.

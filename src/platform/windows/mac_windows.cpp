@@ -65,8 +65,8 @@ bool MacWindows::isTrusted() {
 
 std::optional<WindowReference> MacWindows::focusedWindow() {
     const CfRef everything(AXUIElementCreateSystemWide());
-    const auto application = read<AXUIElementRef>(everything.get(), kAXFocusedApplicationAttribute,
-                                                  AXUIElementGetTypeID());
+    const auto application =
+        read<AXUIElementRef>(everything.get(), kAXFocusedApplicationAttribute, AXUIElementGetTypeID());
     auto window = read<AXUIElementRef>(application.get(), kAXFocusedWindowAttribute, AXUIElementGetTypeID());
     if (!window)
         return std::nullopt;

@@ -37,8 +37,7 @@ bool mayBeOpened(const QUrl &url) {
 
 }  // namespace
 
-MacWorkspace::MacWorkspace()
-    : activations_(MacNotice::Kind::applicationActivated, [this] { announce(); }) {
+MacWorkspace::MacWorkspace() : activations_(MacNotice::Kind::applicationActivated, [this] { announce(); }) {
 }
 
 std::optional<Application> MacWorkspace::frontmostApplication() {

@@ -103,7 +103,8 @@ struct Board {
     /// In the order of their offering; bytes as they are.
     std::vector<std::pair<std::string, std::string>> types;
     std::vector<std::string> links;
-    std::vector<std::string> numberedLinks;  ///< links that name their file by number; the other list has the path
+    std::vector<std::string>
+        numberedLinks;  ///< links that name their file by number; the other list has the path
     bool changesWhileRead = false;
 };
 Board &board();

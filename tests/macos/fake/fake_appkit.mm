@@ -119,7 +119,8 @@ int liveInstances(const std::string &className) {
 using namespace pimloft::test::mac;
 
 extern "C" {
-NSString *const NSApplicationDidChangeScreenParametersNotification = @"NSApplicationDidChangeScreenParameters";
+NSString *const NSApplicationDidChangeScreenParametersNotification =
+    @"NSApplicationDidChangeScreenParameters";
 NSString *const NSWorkspaceDidActivateApplicationNotification = @"NSWorkspaceDidActivateApplication";
 NSString *const NSWorkspaceSessionDidResignActiveNotification = @"NSWorkspaceSessionDidResignActive";
 NSString *const NSWorkspaceScreensDidSleepNotification = @"NSWorkspaceScreensDidSleep";
@@ -131,7 +132,7 @@ NSAppearanceName const NSAppearanceNameDarkAqua = @"NSAppearanceNameDarkAqua";
 
 /// What an observation with a block is known by. GNUstep's own is never let go.
 @interface FakeToken : NSObject {
-  @public
+@public
     void (^block_)(NSNotification *);
 }
 - (void)take:(NSNotification *)notice;
@@ -227,7 +228,7 @@ NSAppearanceName const NSAppearanceNameDarkAqua = @"NSAppearanceNameDarkAqua";
 
 /// What a global monitor is known by.
 @interface FakeMonitor : NSObject {
-  @public
+@public
     NSEventMask mask_;
     void (^handler_)(NSEvent *);
 }
@@ -281,7 +282,7 @@ void clickElsewhere(int button) {
 }  // namespace pimloft::test::mac
 
 @interface FakeScreen : NSScreen {
-  @public
+@public
     Screen *screen_;
 }
 @end

@@ -23,8 +23,8 @@ struct SoundDevice {
 struct SoundSystem {
     std::vector<SoundDevice> devices;
     AudioObjectID output = kAudioObjectUnknown;
-    bool refuses = false;            ///< every change, and every listener
-    AudioObjectID vanishes = 0;      ///< is gone between the question for a size and the one for the data
+    bool refuses = false;        ///< every change, and every listener
+    AudioObjectID vanishes = 0;  ///< is gone between the question for a size and the one for the data
     SoundDevice &device(AudioObjectID id);
 };
 SoundSystem &soundSystem();

@@ -13,7 +13,7 @@ struct FocusedWindow {
     bool hasApplication = true;
     bool hasWindow = true;
     bool isGone = false;
-    bool hasOddValues = false;  ///< its position and size are texts
+    bool hasOddValues = false;   ///< its position and size are texts
     bool refusesValues = false;  ///< no value can be packed
     pid_t process = 4711;
     CGPoint position{100, 200};

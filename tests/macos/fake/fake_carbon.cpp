@@ -114,7 +114,8 @@ OSStatus GetEventParameter(EventRef reference, EventParamName name, EventParamTy
     note("read parameter " + fourCharacters(name) + ' ' + fourCharacters(type) + ", " + std::to_string(size) +
          " bytes");
     const auto &event = *reinterpret_cast<const HotkeyEvent *>(reference);
-    if (name != kEventParamDirectObject || type != typeEventHotKeyID || size != sizeof(EventHotKeyID) || !event.id)
+    if (name != kEventParamDirectObject || type != typeEventHotKeyID || size != sizeof(EventHotKeyID) ||
+        !event.id)
         return eventParameterNotFoundErr;
     *static_cast<EventHotKeyID *>(data) = *event.id;
     return noErr;

@@ -39,13 +39,13 @@ void fill(NSRect rect, std::uint32_t color) {
 }  // namespace
 
 @interface FakeContext : NSGraphicsContext {
-  @public
+@public
     CGContextRef context_;
 }
 @end
 
 @interface FakeImage : NSImage {
-  @public
+@public
     std::uint32_t color_;
     NSSize size_;
     BOOL isTemplate_;

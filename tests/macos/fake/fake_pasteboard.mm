@@ -45,12 +45,13 @@ NSPasteboardType const NSPasteboardTypePNG = @"public.png";
 NSPasteboardType const NSPasteboardTypeTIFF = @"public.tiff";
 NSPasteboardType const NSPasteboardTypeRTF = @"public.rtf";
 NSPasteboardType const NSPasteboardTypeHTML = @"public.html";
-NSPasteboardReadingOptionKey const NSPasteboardURLReadingFileURLsOnlyKey = @"NSPasteboardURLReadingFileURLsOnly";
+NSPasteboardReadingOptionKey const NSPasteboardURLReadingFileURLsOnlyKey =
+    @"NSPasteboardURLReadingFileURLsOnly";
 }
 
 /// A link that names its file by number.
 @interface FakeNumberedURL : NSURL {
-  @public
+@public
     NSURL *path_;
 }
 @end
@@ -137,8 +138,8 @@ NSPasteboardReadingOptionKey const NSPasteboardURLReadingFileURLsOnlyKey = @"NSP
         if (filesOnly && ![path isFileURL])
             continue;
         if (index < board().numberedLinks.size()) {
-            FakeNumberedURL *numbered = [[[FakeNumberedURL alloc]
-                initWithString:nsString(board().numberedLinks[index])] autorelease];
+            FakeNumberedURL *numbered =
+                [[[FakeNumberedURL alloc] initWithString:nsString(board().numberedLinks[index])] autorelease];
             numbered->path_ = [path retain];
             path = numbered;
         }

@@ -29,7 +29,7 @@ NSString *const NSAppleScriptErrorMessage = @"NSAppleScriptErrorMessage";
 }
 
 @interface FakeDescriptor : NSAppleEventDescriptor {
-  @public
+@public
     NSArray *items_;  ///< nothing for what is no list
     NSString *text_;
 }
@@ -94,7 +94,7 @@ NSAppleEventDescriptor *makeList(const std::vector<std::optional<std::string>> &
 
 /// What +alloc of the class answers, which GNUstep has empty.
 @interface FakeScript : NSAppleScript {
-  @public
+@public
     NSString *source_;
 }
 @end

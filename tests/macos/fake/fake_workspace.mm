@@ -4,7 +4,7 @@
 using namespace pimloft::test::mac;
 
 @interface FakeApplication : NSRunningApplication {
-  @public
+@public
     const RunningApplication *application_;
 }
 @end
@@ -122,7 +122,8 @@ FakeApplication *applicationOf(std::optional<int> process) {
 - (BOOL)selectFile:(NSString *)path inFileViewerRootedAtPath:(NSString *)root {
     if (!root)
         complain("selectFile: no root");
-    note("select " + (path ? cppString(path) : std::string("nothing")) + " rooted at \"" + cppString(root) + '"');
+    note("select " + (path ? cppString(path) : std::string("nothing")) + " rooted at \"" + cppString(root) +
+         '"');
     return YES;
 }
 @end

@@ -8,8 +8,8 @@ extern "C" {
 
 typedef struct _copyfile_state *copyfile_state_t;
 typedef std::uint32_t copyfile_flags_t;
-typedef int (*copyfile_callback_t)(int what, int stage, copyfile_state_t state, const char *from, const char *to,
-                                   void *context);
+typedef int (*copyfile_callback_t)(int what, int stage, copyfile_state_t state, const char *from,
+                                   const char *to, void *context);
 
 #define COPYFILE_ALL 15
 #define COPYFILE_RECURSIVE (1 << 15)

@@ -124,11 +124,12 @@ xcb_window_t FileManagerDesk::openAnother(const FileManagerUnderTest &manager, c
         return std::find(before.begin(), before.end(), window) == before.end() &&
                desktop_.title(window).startsWith(QFileInfo(folder).fileName());
     };
-    // They tell these programs that nobody reads the screen.
-    lasting().push_back(session().start(
-        QStringLiteral("env"),
-        QStringList{QStringLiteral("-u"), QStringLiteral("NO_AT_BRIDGE"), QLatin1String(manager.program)} +
-            manager.arguments + QStringList{folder}));
+    // Tests tell programs that nobody reads the screen, and there is no graphics card to draw with.
+    lasting().push_back(
+        session().start(QStringLiteral("env"),
+                        QStringList{QStringLiteral("-u"), QStringLiteral("NO_AT_BRIDGE"),
+                                    QStringLiteral("GSK_RENDERER=cairo"), QLatin1String(manager.program)} +
+                            manager.arguments + QStringList{folder}));
     xcb_window_t window = XCB_NONE;
     EXPECT_TRUE(waitUntil(
         [&] {

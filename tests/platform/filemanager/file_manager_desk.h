@@ -26,6 +26,8 @@ struct FileManagerUnderTest {
     bool startsElsewhere = false;
     /// On a bare test desktop it opens no second window.
     bool hasOneWindow = false;
+    /// It tells of files whose names are no text by names that they do not have.
+    bool knowsOnlyText = false;
 };
 std::ostream &operator<<(std::ostream &out, const FileManagerUnderTest &manager);
 

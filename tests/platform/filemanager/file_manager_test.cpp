@@ -70,6 +70,8 @@ TEST_P(FileManagerTest, tellsOneFileWithAnyName) {
 }
 
 TEST_P(FileManagerTest, tellsANameThatIsNoTextAsAUri) {
+    if (GetParam().knowsOnlyText)
+        GTEST_SKIP() << "it tells no such name";
     const QString folder = makeFolder(QStringLiteral("no text"), {"caf\xe9"});
     open(folder);
     expectAllSelected("file://" + QString(folder).replace(u' ', QLatin1String("%20")).toStdString() +
@@ -185,6 +187,7 @@ TEST_P(FileManagerTest, isNotWaitedForWhenItHangs) {
     ASSERT_TRUE(process);
     kill(pid_t(*process), SIGSTOP);
     EXPECT_EQ(selection(), "unknown");
+    EXPECT_EQ(selection(), "unknown") << "nor is it sent more and more keys";
     kill(pid_t(*process), SIGCONT);
     expectSelection(paths(folder, {"a.txt"}));
     EXPECT_EQ(clipboardText(), "what was copied before");
@@ -222,7 +225,7 @@ const FileManagerUnderTest managers[] = {
     {"nemo", "nemo", {QStringLiteral("--no-desktop")}, true},
     {"caja", "caja", {QStringLiteral("--no-desktop")}, true},
     {"nautilus", "nautilus", {QStringLiteral("--new-window")}, true, true, true},
-    {"dolphin", "dolphin", {QStringLiteral("--new-window")}, true},
+    {"dolphin", "dolphin", {QStringLiteral("--new-window")}, true, false, false, true},
 };
 
 std::string managerName(const testing::TestParamInfo<FileManagerUnderTest> &info) {

@@ -61,10 +61,16 @@ enum : NSUInteger {
     NSWindowCollectionBehaviorTransient = 1 << 3,
     NSWindowCollectionBehaviorStationary = 1 << 4,
 };
-typedef enum : NSInteger { NSWindowAnimationBehaviorDefault = 0, NSWindowAnimationBehaviorNone = 2 } NSWindowAnimationBehavior;
+typedef enum : NSInteger {
+    NSWindowAnimationBehaviorDefault = 0,
+    NSWindowAnimationBehaviorNone = 2
+} NSWindowAnimationBehavior;
 typedef NSUInteger NSEventMask;
 enum : NSUInteger { NSEventMaskLeftMouseDown = 1 << 1, NSEventMaskRightMouseDown = 1 << 3 };
-typedef enum : NSUInteger { NSCompositingOperationCopy = 1, NSCompositingOperationSourceOver = 2 } NSCompositingOperation;
+typedef enum : NSUInteger {
+    NSCompositingOperationCopy = 1,
+    NSCompositingOperationSourceOver = 2
+} NSCompositingOperation;
 typedef enum : NSInteger {
     NSApplicationActivationPolicyRegular = 0,
     NSApplicationActivationPolicyAccessory = 1,

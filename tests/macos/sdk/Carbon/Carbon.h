@@ -43,8 +43,8 @@ OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler, Ite
 OSStatus RemoveEventHandler(EventHandlerRef handler);
 OSStatus RegisterEventHotKey(UInt32 key, UInt32 modifiers, EventHotKeyID id, EventTargetRef target,
                              OptionBits options, EventHotKeyRef *result);
-OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType type, EventParamType *actualType,
-                           ByteCount size, ByteCount *actualSize, void *data);
+OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType type,
+                           EventParamType *actualType, ByteCount size, ByteCount *actualSize, void *data);
 Boolean IsSecureEventInputEnabled(void);
 
 }  // extern "C"

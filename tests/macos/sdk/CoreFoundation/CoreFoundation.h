@@ -50,7 +50,11 @@ typedef struct __CFRunLoopSource *CFRunLoopSourceRef;
 typedef CFStringRef CFRunLoopMode;
 typedef const void *CFPropertyListRef;
 
-typedef enum : CFIndex { kCFNumberSInt32Type = 3, kCFNumberSInt64Type = 4, kCFNumberDoubleType = 13 } CFNumberType;
+typedef enum : CFIndex {
+    kCFNumberSInt32Type = 3,
+    kCFNumberSInt64Type = 4,
+    kCFNumberDoubleType = 13
+} CFNumberType;
 
 typedef struct {
     CFIndex version;

@@ -55,7 +55,11 @@ enum : UInt64 {
 };
 
 typedef enum : UInt32 { kCGKeyboardEventAutorepeat = 8, kCGKeyboardEventKeycode = 9 } CGEventField;
-typedef enum : UInt32 { kCGHIDEventTap = 0, kCGSessionEventTap = 1, kCGAnnotatedSessionEventTap = 2 } CGEventTapLocation;
+typedef enum : UInt32 {
+    kCGHIDEventTap = 0,
+    kCGSessionEventTap = 1,
+    kCGAnnotatedSessionEventTap = 2
+} CGEventTapLocation;
 typedef enum : UInt32 { kCGHeadInsertEventTap = 0, kCGTailAppendEventTap = 1 } CGEventTapPlacement;
 typedef enum : UInt32 { kCGEventTapOptionDefault = 0, kCGEventTapOptionListenOnly = 1 } CGEventTapOptions;
 typedef enum : SInt32 {
@@ -64,7 +68,8 @@ typedef enum : SInt32 {
     kCGEventSourceStateHIDSystemState = 1,
 } CGEventSourceStateID;
 
-typedef CGEventRef (*CGEventTapCallBack)(CGEventTapProxy proxy, CGEventType type, CGEventRef event, void *userInfo);
+typedef CGEventRef (*CGEventTapCallBack)(CGEventTapProxy proxy, CGEventType type, CGEventRef event,
+                                         void *userInfo);
 
 CFMachPortRef CGEventTapCreate(CGEventTapLocation tap, CGEventTapPlacement place, CGEventTapOptions options,
                                CGEventMask eventsOfInterest, CGEventTapCallBack callback, void *userInfo);
@@ -84,7 +89,10 @@ bool CGPreflightPostEventAccess(void);
 typedef struct CGColorSpace *CGColorSpaceRef;
 typedef struct CGContext *CGContextRef;
 typedef UInt32 CGBitmapInfo;
-typedef enum : UInt32 { kCGImageAlphaPremultipliedLast = 1, kCGImageAlphaPremultipliedFirst = 2 } CGImageAlphaInfo;
+typedef enum : UInt32 {
+    kCGImageAlphaPremultipliedLast = 1,
+    kCGImageAlphaPremultipliedFirst = 2
+} CGImageAlphaInfo;
 
 extern const CFStringRef kCGColorSpaceSRGB;
 CGColorSpaceRef CGColorSpaceCreateWithName(CFStringRef name);
