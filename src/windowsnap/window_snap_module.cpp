@@ -19,13 +19,12 @@ std::unique_ptr<WindowSnapModule> WindowSnapModule::create() {
 WindowSnapModule::WindowSnapModule(SettingsManager &settings, AccessibilityManager &accessibility,
                                    HotkeyManager &hotkeys, WindowSnapEngine &engine,
                                    const PanelService &panels)
-    : PimloftModule(
-          {.id = QStringLiteral("windowsnap"),
-           .name = QStringLiteral("WindowSnap"),
-           .icon = QStringLiteral("rectangle.split.2x1"),
-           .description = tr("Windows 11-style window snapping with visual layout picker"),
-           .requiresAccessibility = true},
-          settings),
+    : PimloftModule({.id = QStringLiteral("windowsnap"),
+                     .name = QStringLiteral("WindowSnap"),
+                     .icon = QStringLiteral("rectangle.split.2x1"),
+                     .description = tr("Windows 11-style window snapping with visual layout picker"),
+                     .requiresAccessibility = true},
+                    settings),
       accessibility_(accessibility), engine_(engine), layoutPickerController_(panels),
       pageModel_(settings, hotkeys) {
 }

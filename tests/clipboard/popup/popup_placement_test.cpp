@@ -29,15 +29,16 @@ const QRectF screen(0, 0, 1440, 900);
 
 INSTANTIATE_TEST_SUITE_P(
     Popup, PopupPlacement,
-    testing::Values(PlacementCase{"isCentredOnIt", {700, 500}, screen, {530, 290}},
-                    PlacementCase{"staysInTheBottomRightCorner", {1440, 0}, screen, {1092, 8}},
-                    PlacementCase{"staysInTheTopLeftCorner", {0, 900}, screen, {8, 472}},
-                    PlacementCase{"staysInTheTopRightCorner", {1440, 900}, screen, {1092, 472}},
-                    PlacementCase{"staysInTheBottomLeftCorner", {0, 0}, screen, {8, 8}},
-                    PlacementCase{"leavesBarsFree", {0, 0}, {60, 40, 1380, 836}, {68, 48}},
-                    PlacementCase{"onAScreenLeftOfThePrimaryOne", {-800, 400}, {-1280, 0, 1280, 800}, {-970, 190}},
-                    PlacementCase{"keepsItsLowerEdgeInAScreenTooLow", {700, 200}, {0, 0, 1440, 400}, {530, 8}},
-                    PlacementCase{"keepsItsLeftEdgeInAScreenTooNarrow", {100, 450}, {0, 0, 300, 900}, {8, 240}}),
+    testing::Values(
+        PlacementCase{"isCentredOnIt", {700, 500}, screen, {530, 290}},
+        PlacementCase{"staysInTheBottomRightCorner", {1440, 0}, screen, {1092, 8}},
+        PlacementCase{"staysInTheTopLeftCorner", {0, 900}, screen, {8, 472}},
+        PlacementCase{"staysInTheTopRightCorner", {1440, 900}, screen, {1092, 472}},
+        PlacementCase{"staysInTheBottomLeftCorner", {0, 0}, screen, {8, 8}},
+        PlacementCase{"leavesBarsFree", {0, 0}, {60, 40, 1380, 836}, {68, 48}},
+        PlacementCase{"onAScreenLeftOfThePrimaryOne", {-800, 400}, {-1280, 0, 1280, 800}, {-970, 190}},
+        PlacementCase{"keepsItsLowerEdgeInAScreenTooLow", {700, 200}, {0, 0, 1440, 400}, {530, 8}},
+        PlacementCase{"keepsItsLeftEdgeInAScreenTooNarrow", {100, 450}, {0, 0, 300, 900}, {8, 240}}),
     [](const auto &info) { return info.param.name; });
 
 const Display left{DisplayId(1), {0, 0, 1000, 800}, {0, 0, 1000, 760}};

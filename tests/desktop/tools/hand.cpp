@@ -170,7 +170,7 @@ private:
         const QDir folder(qEnvironmentVariable("PICTURES"));
         const auto number = folder.entryList({QStringLiteral("*.png")}).size() + 1;
         const QString file = QStringLiteral("%1-%2-%3.png")
-                                 .arg(number, 2, 10, QLatin1Char('0'))
+                                 .arg(number, 3, 10, QLatin1Char('0'))
                                  .arg(name, qEnvironmentVariable("LOOK"));
         if (!desktop_.screenshot().save(folder.filePath(file)))
             fail(QStringLiteral("cannot write ") + folder.filePath(file));
