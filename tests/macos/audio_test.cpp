@@ -174,6 +174,16 @@ TEST_F(MacAudioListenerTest, tellsNothingOfWhatWasUnderWayWhenItStopped) {
     EXPECT_EQ(told_, 0);
 }
 
+TEST_F(MacAudioListenerTest, callsNobodyOnceItIsGone) {
+    bool called = false;
+    auto listener = MacAudioListener::install({41, 0x766D7663, 0x6F757470, 0}, [&] { called = true; });
+    ASSERT_TRUE(listener);
+    mac::tellListenersLater(41, "vmvc");
+    listener.reset();
+    mac::tellNow();
+    EXPECT_FALSE(called);
+}
+
 TEST_F(MacAudioListenerTest, canBeStoppedByWhoIsTold) {
     std::optional<VolumeListenerId> id;
     id = audio_->listenToVolume(speakers, [&] {
