@@ -90,7 +90,15 @@ TEST_F(FirstRun, isGoneThroughByMouse) {
     // A click that comes before a step is on screen is made again; on the step of the permission there is
     // nothing in that place.
     QPoint windowSnapSwitch = content(welcome).topRight() + QPoint(-(32 + 34), 32 + 110);
-    hands().click(forwardButton());
+    const QRect mark(content(welcome).topLeft() + QPoint(200, 100), QSize(160, 160));
+    const QImage before = desktop().screenshot().copy(mark);
+    ASSERT_TRUE(waitUntil(
+        [&] {
+            hands().click(forwardButton());
+            return waitUntil([&] { return desktop().screenshot().copy(mark) != before; }, 2000);
+        },
+        10000))
+        << "the first step is not left";
     ASSERT_TRUE(waitUntil([&] {
         hands().click(windowSnapSwitch);
         return waitUntil([&] { return stored().value(snapping) == QJsonValue(false); }, 400);

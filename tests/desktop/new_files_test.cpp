@@ -40,6 +40,7 @@ TEST_F(NewFiles, areInTheFileManagersMenuAndStayThereAtTheEnd) {
     startPimloft();
     EXPECT_TRUE(menuBecomes(kinds));
     launch(session(), {QStringLiteral("--quit")});
+    EXPECT_EQ(pimloft().waitForEnd(), 0);
     EXPECT_EQ(menu(), kinds);
 }
 
@@ -48,6 +49,7 @@ TEST_F(NewFiles, goFromTheMenuWhereTheFeatureIsOffAndTheUsersStay) {
     startPimloft();
     ASSERT_TRUE(menuBecomes(kinds));
     launch(session(), {QStringLiteral("--quit")});
+    EXPECT_EQ(pimloft().waitForEnd(), 0);
     write("/Templates/own.txt", "mine");
     write("/Templates/Text File.txt", "changed");
     write("/config/Pimloft/preferences.json", R"({"pimloft.finderfix.enabled": false})");
@@ -58,8 +60,8 @@ TEST_F(NewFiles, goFromTheMenuWhereTheFeatureIsOffAndTheUsersStay) {
 
 TEST_F(NewFiles, bothShortcutsBelongToPimloftWhileTheFeatureIsOn) {
     startPimloft();
-    EXPECT_TRUE(desktop().isKeyTaken(KEY_X, XCB_MOD_MASK_4));
-    EXPECT_TRUE(desktop().isKeyTaken(KEY_V, XCB_MOD_MASK_4));
+    for (const int key : {KEY_X, KEY_V})
+        EXPECT_TRUE(waitUntil([&] { return desktop().isKeyTaken(key, XCB_MOD_MASK_4); }));
     EXPECT_FALSE(QFile::exists(path("/Templates"))) << "there is no templates folder";
 }
 

@@ -67,9 +67,8 @@ void Program::signal(int number) {
 }
 
 int Program::waitForEnd() {
-    if (isRunning() && !process_->waitForFinished(5000))
-        return -1;
-    return exitCodeOf(*process_);
+    process_->waitForFinished(5000);
+    return isRunning() ? -1 : exitCodeOf(*process_);
 }
 
 QString Program::read(const QString &name) const {
