@@ -59,6 +59,9 @@ int run(QApplication &application, Instance &instance, CommandLine::Action actio
     const std::unique_ptr<Host> host = createHost(dirs);
     Process process(host->platform(), clock, dirs);
 
+    // Before anything is started that has to be stopped in order.
+    const QuitSignals quitSignals([] { QApplication::quit(); });
+
     QuickViewHost views(process.platform().displays, Theme::shared());
     process.setViews(&views);
     AppDelegate delegate({.settings = SettingsManager::shared(),
@@ -86,7 +89,6 @@ int run(QApplication &application, Instance &instance, CommandLine::Action actio
         }
         return {};
     };
-    const QuitSignals quitSignals([] { QApplication::quit(); });
     if (action == CommandLine::Action::openSettings)
         app.openSettings();
 

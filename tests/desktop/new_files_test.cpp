@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The file tools beside the file managers: their menu for new files, and who has the two shortcuts.
 #include "desktop/support/desktop_test.h"
+#include "desktop/support/first_run.h"
 
 #include <QDir>
 #include <QFile>
@@ -52,7 +53,7 @@ TEST_F(NewFiles, goFromTheMenuWhereTheFeatureIsOffAndTheUsersStay) {
     EXPECT_EQ(pimloft().waitForEnd(), 0);
     write("/Templates/own.txt", "mine");
     write("/Templates/Text File.txt", "changed");
-    write("/config/Pimloft/preferences.json", R"({"pimloft.finderfix.enabled": false})");
+    skipFirstRun(session(), {{QStringLiteral("pimloft.finderfix.enabled"), false}});
     startPimloft();
     EXPECT_TRUE(menuBecomes({QStringLiteral("Text File.txt"), QStringLiteral("own.txt")}));
     EXPECT_FALSE(desktop().isKeyTaken(KEY_X, XCB_MOD_MASK_4));
