@@ -17,12 +17,11 @@ T.AbstractButton {
     implicitHeight: Theme.controlHeight + Theme.unit
     horizontalPadding: Theme.unit * 3
     hoverEnabled: true
+    Accessible.role: Accessible.RadioButton
     Accessible.name: name
     Accessible.checkable: true
     Accessible.checked: isDefault
     Accessible.onPressAction: clicked()
-    // A button template makes itself a button first.
-    Component.onCompleted: Accessible.role = Accessible.RadioButton
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
 

@@ -28,6 +28,7 @@ Flickable {
         Label {
             Layout.fillWidth: true
             leftPadding: Theme.unit * 3
+            rightPadding: leftPadding
             topPadding: Theme.unit * 3
             bottomPadding: Theme.unit
             text: qsTr("Output")

@@ -111,8 +111,7 @@ TEST(ScreenReader, isToldTheNameAndTheKindOfEveryControl) {
                                                : control->inherits("QQuickTextInput")
                                                    ? QAccessible::EditableText
                                                : control->inherits("QQuickSwitch") ? QAccessible::CheckBox
-                                               : control->inherits("QQuickButton") ? QAccessible::Button
-                                                                                   : QAccessible::RadioButton;
+                                                                                   : QAccessible::Button;
             EXPECT_EQ(interface->role(), expected) << page << ": " << describe(control);
         }
     });

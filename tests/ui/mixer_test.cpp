@@ -109,8 +109,8 @@ TEST_F(Mixer, saysThis) {
     unfold();
     const std::string mixer = spoken().substr(spoken().find("heading: Output"));
     EXPECT_EQ(mixer, "heading: Output\n"
-                     "radio button: Speakers [on]\n"
-                     "radio button: Headphones [off]\n"
+                     "button: Speakers [on]\n"
+                     "button: Headphones [off]\n"
                      "button: Mute\n"
                      "slider: System\n"
                      "slider: Spotify\n"

@@ -41,7 +41,7 @@ std::pair<int, int> coverage(const QImage &image) {
 /// The names that the program's own sources ask for.
 QSet<QString> namesInUse() {
     static const QRegularExpression name(QStringLiteral(
-        "\"((?:square|rectangle|doc|folder|keyboard|speaker|gear|chevron|exclamationmark|checkmark|"
+        "\"((?:square|rectangle|doc|folder(?=\\.)|keyboard|speaker|gear|chevron|exclamationmark|checkmark|"
         "arrow|lock|sparkles|delete|function|minus|timer|circle|terminal|app)(?:\\.[a-z0-9]+)*)\""));
     QSet<QString> names;
     QDirIterator files(QStringLiteral(PIMLOFT_SOURCE_DIR "/src"),
@@ -120,7 +120,10 @@ TEST(Symbols, areDrawnWithOnePen) {
     for (const QString &name : allNames()) {
         QFile file(QStringLiteral(":/qt/qml/Pimloft/Kit/symbols/%1.svg").arg(name));
         ASSERT_TRUE(file.open(QFile::ReadOnly));
-        const auto pen = root.match(QString::fromUtf8(file.readAll()));
+        const QString svg = QString::fromUtf8(file.readAll());
+        if (!svg.contains(QLatin1String("stroke=")))
+            continue;  // a silhouette
+        const auto pen = root.match(svg);
         ASSERT_TRUE(pen.hasMatch()) << name.toStdString();
         // Lines that stand alone are a little bolder, to look alike.
         EXPECT_GE(pen.captured(1).toDouble(), 1.75) << name.toStdString();
@@ -164,7 +167,7 @@ TEST(Symbols, areSharpAtEverySizeAndScale) {
             for (const int size : sizes) {
                 paintSymbol(painter, names[row], QRectF(x, 52 * double(row) + 2, size, size), Qt::black);
                 x += size + 8;
-                EXPECT_GT(darkness(drawn(names[row], size, scale, Qt::black)), 0.45)
+                EXPECT_GT(darkness(drawn(names[row], size, scale, Qt::black)), 0.4)
                     << names[row].toStdString() << " is a blur at " << size;
             }
         }

@@ -29,7 +29,6 @@ T.TextField {
         text: field.placeholderText
         font: field.font
         color: field.placeholderTextColor
-        horizontalAlignment: field.horizontalAlignment
         visible: field.length === 0 && field.preeditText.length === 0
         silent: true
     }

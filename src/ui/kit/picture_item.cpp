@@ -17,9 +17,11 @@ void PictureItem::paint(QPainter *painter) {
     painter->setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
     QPainterPath clip;
     clip.addRoundedRect(boundingRect(), radius_, radius_);
-    // A brush has smooth edges where a clip has none.
-    QBrush brush(image_);
-    brush.setTransform(QTransform::fromScale(width() / image_.width(), height() / image_.height()));
+    // A brush has smooth edges where a clip has none. It would count an image's scale a second time.
+    QImage pixels = image_;
+    pixels.setDevicePixelRatio(1);
+    QBrush brush(pixels);
+    brush.setTransform(QTransform::fromScale(width() / pixels.width(), height() / pixels.height()));
     painter->fillPath(clip, brush);
 }
 
