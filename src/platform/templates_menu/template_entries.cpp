@@ -20,7 +20,7 @@ namespace pimloft {
 namespace {
 
 /// A larger file is no template.
-constexpr qsizetype limit = 64 << 20;
+constexpr qsizetype largestTemplate = 64 << 20;
 
 bool isSameFolder(const FileUrl &a, const FileUrl &b) {
     struct stat one {};
@@ -51,10 +51,10 @@ std::optional<FileRead> readFile(const FileUrl &url, int flags) {
     if (!descriptor || fstat(descriptor.get(), &status) != 0 || !S_ISREG(status.st_mode))
         return std::nullopt;
     QFile file;
-    if (status.st_size > limit || !file.open(descriptor.get(), QFile::ReadOnly))
+    if (status.st_size > largestTemplate || !file.open(descriptor.get(), QFile::ReadOnly))
         return std::nullopt;
-    FileRead result{file.read(limit + 1), mode_t(status.st_mode & 0777)};
-    if (file.error() != QFile::NoError || result.bytes.size() > limit)
+    FileRead result{file.read(largestTemplate + 1), mode_t(status.st_mode & 0777)};
+    if (file.error() != QFile::NoError || result.bytes.size() > largestTemplate)
         return std::nullopt;
     return result;
 }

@@ -21,7 +21,7 @@ const QString nameKey = QStringLiteral("name");
 const QString digestsKey = QStringLiteral("sha256");
 const QString madeKey = QStringLiteral("made");
 
-constexpr qsizetype limit = 4 << 20;
+constexpr qsizetype largestRecord = 4 << 20;
 
 QJsonObject object(const RecordedTemplate &entry) {
     QJsonArray digests;
@@ -55,7 +55,7 @@ RecordedTemplate *TemplateRecord::find(const QByteArray &name) {
 }
 
 TemplateRecord TemplateRecord::read(const QString &path) {
-    const auto bytes = readRegularFile(path, limit);
+    const auto bytes = readRegularFile(path, largestRecord);
     const QJsonObject root = QJsonDocument::fromJson(bytes.value_or(QByteArray())).object();
     TemplateRecord record{.folder = FileUrl::fromText(root.value(folderKey).toString()), .entries = {}};
     const QJsonArray entries = root.value(entriesKey).toArray();
