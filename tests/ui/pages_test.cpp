@@ -124,6 +124,8 @@ public:
 
 class Updates : public Pages {
 protected:
+    // What the page shows is there for as long as the page is.
+    ~Updates() override { view.reset(); }
     void SetUp() override {
         show(settings.page());
         session.desktop.log();

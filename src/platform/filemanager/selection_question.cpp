@@ -5,6 +5,7 @@
 #include "platform/pasteboard/copied_files.h"
 
 #include <QCollator>
+#include <QLocale>
 
 #include <algorithm>
 
@@ -76,7 +77,9 @@ std::vector<QByteArray> selectedPaths(const CopiedContent &content, FileManagerK
     std::vector<QByteArray> paths = localPaths(content.bytes);
     // The others tell them as they stand in the window.
     if (kind == FileManagerKind::pcmanfmQt) {
-        QCollator order;
+        // Without a language numbers would not count as such.
+        const QLocale user;
+        QCollator order(user.language() == QLocale::C ? QLocale(QLocale::English) : user);
         order.setNumericMode(true);
         order.setCaseSensitivity(Qt::CaseInsensitive);
         std::stable_sort(paths.begin(), paths.end(), [&order](const QByteArray &one, const QByteArray &two) {
