@@ -2,6 +2,7 @@
 #include "clipboard/history_file.h"
 
 #include "base/atomic_file.h"
+#include "base/file_times.h"
 #include "clipboard/history_encoder.h"
 #include "clipboard/history_output.h"
 #include "clipboard/history_reader.h"
@@ -154,8 +155,8 @@ std::optional<HistoryFile::Fingerprint> HistoryFile::fingerprint(int descriptor)
     struct stat status {};
     if (fstat(descriptor, &status) != 0)
         return std::nullopt;
-    return Fingerprint{status.st_dev, status.st_ino, status.st_size, nanoseconds(status.st_mtim),
-                       nanoseconds(status.st_ctim)};
+    return Fingerprint{status.st_dev, status.st_ino, status.st_size, nanoseconds(modificationTime(status)),
+                       nanoseconds(changeTime(status))};
 }
 
 qint64 HistoryFile::size() const {
