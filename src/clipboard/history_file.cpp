@@ -155,8 +155,8 @@ std::optional<HistoryFile::Fingerprint> HistoryFile::fingerprint(int descriptor)
     struct stat status {};
     if (fstat(descriptor, &status) != 0)
         return std::nullopt;
-    return Fingerprint{status.st_dev, status.st_ino, status.st_size, nanoseconds(modificationTime(status)),
-                       nanoseconds(changeTime(status))};
+    return Fingerprint{quint64(status.st_dev), quint64(status.st_ino), status.st_size,
+                       nanoseconds(modificationTime(status)), nanoseconds(changeTime(status))};
 }
 
 qint64 HistoryFile::size() const {
