@@ -71,7 +71,8 @@ private:
 
 }  // namespace
 
-HttpsFetcher::HttpsFetcher() = default;
+HttpsFetcher::HttpsFetcher() : limits_() {
+}
 
 HttpsFetcher::HttpsFetcher(const Limits &limits, const QSslConfiguration &trust)
     : limits_(limits), trust_(trust) {
