@@ -40,7 +40,7 @@ FileUrl url(const std::filesystem::path &path) {
 }
 
 void moveByUs(const std::filesystem::path &item, const std::filesystem::path &folder) {
-    const FileCalls calls;
+    const FileCalls calls{};
     LinuxFiles files(calls);
     FileMover(files).move(url(item), url(folder), [] { return false; });
 }

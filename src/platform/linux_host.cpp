@@ -145,7 +145,7 @@ private:
     X11KeyPoster keys_;
     X11Pasteboard pasteboard_;
     LinuxScripting scripting_;
-    const FileCalls fileCalls_;
+    const FileCalls fileCalls_{};
     LinuxFiles files_{fileCalls_};
     XdgTemplatesMenu templatesMenu_;
 };

@@ -9,7 +9,7 @@ int main(int argc, char **argv) {
     using namespace pimloft;
     if (argc != 3)
         return 2;
-    const FileCalls calls;
+    const FileCalls calls{};
     LinuxFiles files(calls);
     std::puts("begin");
     std::fflush(stdout);

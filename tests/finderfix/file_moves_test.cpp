@@ -42,7 +42,7 @@ protected:
     }
 
     test::TwoVolumes volumes;
-    const FileCalls calls;
+    const FileCalls calls{};
     LinuxFiles files{calls};
     const FileMover mover{files};
 };

@@ -39,7 +39,7 @@ bool isText(const QQuickItem *item) {
 }
 
 /// What is pressed, dragged or typed into; rows that are pressed as a whole stand behind their texts.
-bool isControl(const QQuickItem *item) {
+bool isReachedControl(const QQuickItem *item) {
     return item->inherits("QQuickSlider") || item->inherits("QQuickSpinBox") ||
            item->inherits("QQuickTextField") || (item->inherits("QQuickButton") && item->activeFocusOnTab());
 }
@@ -70,7 +70,7 @@ void collect(QQuickItem *item, QRectF clip, std::vector<Shown> &list) {
         return;
     if (item->clip())
         clip &= item->mapRectToScene(item->boundingRect());
-    const bool control = isControl(item);
+    const bool control = isReachedControl(item);
     if (control || isText(item))
         list.push_back({item, painted(item), painted(item) & clip, item->property("text").toString()});
     if (const auto *indicator = item->property("indicator").value<QQuickItem *>())

@@ -66,7 +66,7 @@ QByteArray digestOf(const QByteArray &bytes) {
 /// Under a hidden name, so that no half entry is ever seen. Nothing when that fails.
 std::optional<QByteArray> writeHidden(int folder, const QByteArray &bytes, mode_t mode) {
     const QByteArray name = ".new-file-" + QByteArray::number(QRandomGenerator::global()->generate64(), 36);
-    const FileCalls calls;
+    const FileCalls calls{};
     int number = -1;
     if (calls.makeFile({folder, name.constData()}, mode, number) != 0)
         return std::nullopt;
@@ -197,7 +197,7 @@ void TemplateEntries::make(const Content &content) {
     const auto hidden = writeHidden(folder.get(), content.bytes, content.mode);
     if (!hidden)
         return;
-    const FileCalls calls;
+    const FileCalls calls{};
     const Place from{folder.get(), hidden->constData()};
     const Place to{folder.get(), content.name.constData()};
     const int error = isOurs(*entry) ? calls.rename(from, to) : renameNeverReplacing(calls, from, to);
