@@ -36,8 +36,9 @@ private:
     QuickEngine &engine_;
     DisplayService &displays_;
     Theme &theme_;
+    // While it is on screen; outlives the view, which gives it up as it goes.
+    std::shared_ptr<void> engineUse_;
     std::unique_ptr<PageView> view_;
-    std::shared_ptr<void> engineUse_;  ///< while it is on screen
 };
 
 }  // namespace pimloft

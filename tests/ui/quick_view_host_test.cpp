@@ -128,6 +128,16 @@ TEST_F(QuickViewHostTest, theEngineGoesSomeTimeAfterTheLastWindowClosed) {
     EXPECT_FALSE(viewOf(*first)) << "a view outlives its engine";
 }
 
+TEST_F(QuickViewHostTest, aWindowThatIsDestroyedOnScreenGivesUpNothingButItsOwnUse) {
+    const auto views = host(1ms);
+    auto window = views->makeWindow(description());
+    window->present();
+    const auto another = views->engine().use();
+    QSignalSpy dropped(&views->engine(), &QuickEngine::aboutToDrop);
+    window.reset();
+    EXPECT_FALSE(dropped.wait(50)) << "although it is in use";
+}
+
 TEST_F(QuickViewHostTest, aWindowComesBackAfterTheEngineWent) {
     const auto views = host(1ms);
     const auto window = views->makeWindow(description());
