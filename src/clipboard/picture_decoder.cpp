@@ -31,6 +31,8 @@ QImage decodePicture(const QByteArray &bytes, const PictureScale &scale) {
     for (const char *format : formats) {
         buffer.seek(0);
         QImageReader reader(&buffer, format);
+        // Else every plugin there is would be loaded and asked.
+        reader.setAutoDetectImageFormat(false);
         if (reader.canRead())
             return decode(reader, scale);
     }
