@@ -24,7 +24,7 @@ const QString program = QStringLiteral("copyq");
 constexpr int entries = 200;
 
 Figure figure(const char *what, const char *unit) {
-    return {QStringLiteral("CopyQ: ") + QLatin1String(what), QString::fromLatin1(unit), {}, {}};
+    return {QString::fromLatin1(what), QString::fromLatin1(unit), {}, {}, QStringLiteral("CopyQ")};
 }
 
 /// The same shortcut as ours.
@@ -100,7 +100,7 @@ void popup(Stage &stage, Table &table, Extent extent) {
     if (!test::waitUntil(
             [&] { return stage.desktop.isKeyTaken(KEY_V, XCB_MOD_MASK_SHIFT | XCB_MOD_MASK_4); }))
         qFatal("CopyQ does not take its shortcut");
-    Figure shown = figure("shortcut to window", "ms");
+    Figure shown = figure("popup, shortcut to first frame, engine alive", "ms");
     for (int run = 0; run < (extent.quick ? 6 : 31); ++run) {
         toggle();
         shown.samples.push_back(millisecondsUntil(isOpen));
@@ -110,6 +110,24 @@ void popup(Stage &stage, Table &table, Extent extent) {
             qFatal("CopyQ's window does not close");
     }
     table.add(shown);
+}
+
+/// From a copy in another program until a script sees it.
+void capture(Stage &stage, Table &table, Extent extent) {
+    Figure seen = figure("copy in another program until it is recorded", "ms");
+    for (int run = 0; run < (extent.quick ? 3 : 20); ++run) {
+        const QString text = QStringLiteral("Copied %1").arg(run);
+        const auto watcher = stage.session.start(
+            program, {QStringLiteral("eval"),
+                      QStringLiteral("print('ready'); while (str(read(0)) != '%1') sleep(1)").arg(text)});
+        watcher->waitForReadyRead();
+        QElapsedTimer elapsed;
+        elapsed.start();
+        copyText(stage, text);
+        watcher->waitForFinished();
+        seen.samples.push_back(double(elapsed.nsecsElapsed()) / 1e6);
+    }
+    table.add(seen);
 }
 
 /// As many texts as ours are measured with, one by one; the pace of the last ones.
@@ -123,7 +141,7 @@ void add(Stage &stage, Table &table, Extent extent) {
             .arg(from + count);
     };
     tell(stage, adding(0, before));
-    Figure each = figure(extent.quick ? "add to 2,000 texts" : "add to 10,000 texts", "ms");
+    Figure each = figure(extent.quick ? "add to 2,000 texts" : "add to 10,000 texts, disk", "ms");
     constexpr int together = 20;  // the way to the server is not what is measured
     for (int run = 0; run < 5; ++run) {
         QElapsedTimer elapsed;
@@ -159,6 +177,7 @@ void measureCopyQ(Table &table, Extent extent) {
     std::this_thread::sleep_for(2s);  // as long as our own rests before it is looked at
     memory(table, pid_t(server->processId()));
     popup(stage, table, extent);
+    capture(stage, table, extent);
     add(stage, table, extent);
     end(stage, *server);
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "bare_window.h"
 #include "measures.h"
 #include "process_figures.h"
 #include "stage.h"
@@ -36,7 +37,32 @@ void takeHold(Stage &stage, xcb_window_t window) {
 
 }  // namespace
 
+namespace {
+
+void measureBareWindow(Table &table, Extent extent) {
+    Stage stage;
+    const BareWindow window(onTheOutline.y() - 50, 100);
+    const auto pixel = [&] { return stage.desktop.pixel(onTheOutline); };
+    stage.hands.moveTo(inside);
+    const QRgb without = pixel();
+    Figure shown{QStringLiteral("drag event to first visible overlay frame"),
+                 QStringLiteral("ms"),
+                 {},
+                 {},
+                 QStringLiteral("a bare window")};
+    for (int run = 0; run < (extent.quick ? 10 : 100); ++run) {
+        stage.hands.moveTo(atTheLeft);
+        shown.samples.push_back(millisecondsUntil([&] { return pixel() != without; }));
+        stage.hands.moveTo(inside);
+        millisecondsUntil([&] { return pixel() == without; });
+    }
+    table.add(shown);
+}
+
+}  // namespace
+
 void measureDrag(Table &table, Extent extent) {
+    measureBareWindow(table, extent);
     Stage stage;
     const pid_t process = stage.startPimloft().pid();
     takeHold(stage, openClient(stage, QStringLiteral("qt")));

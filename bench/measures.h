@@ -22,6 +22,8 @@ void measurePlacement(Table &table, Extent extent);
 void measurePasteboard(Table &table, Extent extent);
 /// From the shortcut to the popup with the clipboard history.
 void measurePopup(Table &table, Extent extent);
+/// From a copy in another program until it is in the history.
+void measureCapture(Table &table, Extent extent);
 /// What the clipboard history costs: to start with it, to keep it, to search it.
 void measureHistory(Table &table, Extent extent);
 /// The rules that run at every pointer event.

@@ -65,16 +65,16 @@ void measure(Table &table, const QString &what, const Fill &fill, int runs) {
     if (stat(ends[0].c_str(), &one) != 0 || stat(ends[1].c_str(), &other) != 0 || one.st_dev == other.st_dev)
         return;
     constexpr struct {
-        const char *name;
+        const char *peer;
         void (*move)(const std::filesystem::path &, const std::filesystem::path &);
-    } movers[] = {{"", moveByUs}, {", mv", moveByMv}, {", mv and sync", moveByMvAndSync}};
+    } movers[] = {{"mv", moveByMv}, {"mv and sync", moveByMvAndSync}, {"", moveByUs}};
     for (const bool toDisk : {true, false})
         for (const auto &mover : movers) {
-            Figure figure{what + (toDisk ? QStringLiteral(" to disk") : QStringLiteral(" to RAM disk")) +
-                              QLatin1String(mover.name),
+            Figure figure{what + (toDisk ? QStringLiteral(" to disk") : QStringLiteral(" to RAM disk")),
                           QStringLiteral("ms"),
                           {},
-                          {}};
+                          {},
+                          QString::fromLatin1(mover.peer)};
             for (int run = 0; run < runs; ++run) {
                 const std::filesystem::path item = ends[toDisk ? 0 : 1] / "item";
                 fill(item);

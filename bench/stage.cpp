@@ -7,10 +7,10 @@ namespace pimloft::bench {
 
 using namespace test;
 
-Stage::Stage()
+Stage::Stage(const QJsonObject &preferences)
     : session({.windowManager = QStringLiteral("openbox"), .serverArguments = {}}),
       desktop(session.display()) {
-    test::skipFirstRun(session);
+    test::skipFirstRun(session, preferences);
 }
 
 Stage::~Stage() {
@@ -39,6 +39,14 @@ xcb_window_t Stage::openWindow(const QString &program, const QStringList &argume
     desktop.activate(window);
     waitUntil([&] { return desktop.activeWindow() == window; });
     return window;
+}
+
+void copyText(const Stage &stage, const QString &text) {
+    const auto owner = stage.session.start(QStringLiteral("xclip"),
+                                           {QStringLiteral("-selection"), QStringLiteral("clipboard")});
+    owner->write(text.toUtf8());
+    owner->closeWriteChannel();
+    owner->waitForFinished();  // it goes on in the background
 }
 
 }  // namespace pimloft::bench

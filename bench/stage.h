@@ -7,6 +7,7 @@
 #include "support/physical_input.h"
 
 #include <QElapsedTimer>
+#include <QJsonObject>
 
 #include <memory>
 #include <vector>
@@ -16,7 +17,8 @@ namespace pimloft::bench {
 /// A desktop to measure in, with what a user has there. Main thread.
 class Stage {
 public:
-    Stage();
+    /// `preferences`: what the user has set, beside having gone through the first run.
+    explicit Stage(const QJsonObject &preferences = {});
     ~Stage();
 
     test::DesktopSession session;
@@ -34,6 +36,9 @@ private:
     std::unique_ptr<test::Program> pimloft_;
     std::vector<std::unique_ptr<QProcess>> clients_;
 };
+
+/// Has another program copy a text; it stays the owner until somebody else copies.
+void copyText(const Stage &stage, const QString &text);
 
 /// Milliseconds until `condition` holds, looking without a pause. Ends the run when it does not within 5 s.
 template <typename Condition>

@@ -33,20 +33,40 @@ Table::Table(const QString &folder) : folder_(folder) {
     std::printf("%-58s %5s %9s %9s %9s %9s %6s\n", "", "unit", "budget", "median", "p99", "max", "n");
 }
 
+Table::~Table() {
+    for (const QList<Figure> &figures : peers_)
+        for (const Figure &figure : figures)
+            print(figure, figure.peer + QStringLiteral(": ") + figure.name, {});
+}
+
 void Table::add(const Figure &figure) {
+    keep(figure);
+    if (!figure.peer.isEmpty()) {
+        peers_[figure.name].append(figure);
+        return;
+    }
+    QStringList beside;
+    for (const Figure &peer : peers_.take(figure.name))
+        beside +=
+            QStringLiteral("%1: %2 / %3")
+                .arg(peer.peer, shortly(quantile(peer.samples, 0.5)), shortly(quantile(peer.samples, 0.99)));
+    print(figure, figure.name, beside.join(QStringLiteral(", ")));
+}
+
+void Table::print(const Figure &figure, const QString &name, const QString &beside) const {
     const double median = quantile(figure.samples, 0.5);
     const char *verdict = !figure.budget ? "" : median <= *figure.budget ? "ok" : "OVER";
-    std::printf("%-58s %5s %9s %9s %9s %9s %6zu  %s\n", qPrintable(figure.name), qPrintable(figure.unit),
+    std::printf("%-58s %5s %9s %9s %9s %9s %6zu  %-4s  %s\n", qPrintable(name), qPrintable(figure.unit),
                 figure.budget ? qPrintable(shortly(*figure.budget)) : "-", qPrintable(shortly(median)),
                 qPrintable(shortly(quantile(figure.samples, 0.99))),
-                qPrintable(shortly(quantile(figure.samples, 1))), figure.samples.size(), verdict);
+                qPrintable(shortly(quantile(figure.samples, 1))), figure.samples.size(), verdict,
+                qPrintable(beside));
     std::fflush(stdout);
-    keep(figure);
 }
 
 void Table::keep(const Figure &figure) const {
-    QString name = figure.name;
-    name.replace(QRegularExpression(QStringLiteral("[^A-Za-z0-9]+")), QStringLiteral("-"));
+    QString name = figure.peer + QLatin1Char(' ') + figure.name;
+    name = name.trimmed().replace(QRegularExpression(QStringLiteral("[^A-Za-z0-9]+")), QStringLiteral("-"));
     QFile file(folder_ + QLatin1Char('/') + name + QStringLiteral(".csv"));
     if (!file.open(QIODevice::WriteOnly))
         return;
