@@ -115,6 +115,17 @@ TEST_F(Lifecycle, endsCleanlyAtASignalInMidDrag) {
     drop();
 }
 
+TEST_F(Lifecycle, endsCleanlyAtASignalWithAWindowAndThePopupOpen) {
+    startPimloft();
+    ASSERT_EQ(ask(QStringLiteral("--settings")).exitCode, 0);
+    ASSERT_TRUE(waitUntil([&] { return hasSettingsWindow(); }));
+    hands().chord({KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_V});
+    ASSERT_TRUE(waitUntil([&] { return !desktop().unmanagedWindows(QStringLiteral("pimloft")).empty(); }));
+    letPimloftCatchUp();
+    pimloft().signal(SIGTERM);
+    EXPECT_EQ(pimloft().waitForEnd(), 0);
+}
+
 TEST_F(Lifecycle, startsAgainAfterItWasKilled) {
     startPimloft();
     pimloft().signal(SIGKILL);
