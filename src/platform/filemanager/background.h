@@ -16,7 +16,7 @@ template <typename Work, typename Done>
 void inBackground(QObject *context, Work work, Done done) {
     using Result = decltype(work());
     // Never destroyed: that would wait for whatever is stuck.
-    static QThreadPool *const threads = new QThreadPool;
+    static auto *const threads = new QThreadPool;
     const auto promise = std::make_shared<QPromise<Result>>();
     promise->future().then(context, std::move(done));
     threads->start([promise, work = std::move(work)] {

@@ -27,7 +27,7 @@ private:
     void tryPathBar();
     void trySelection();
     void tryLocationAction();
-    void readLocationField(int attemptsLeft);
+    void readLocationField(int looksLeft);
     void hideLocationField();
     void tryLocationKeys();
     void check(const std::vector<QByteArray> &folders,
