@@ -17,9 +17,10 @@ settings_pid=
 panel_pid=
 manager_pid=
 
-# spawn COMMAND...: starts a program that ends with the desktop; its pid is in $spawned.
+# spawn COMMAND...: starts a program that ends with the desktop; its pid is in $spawned. Ctrl-C in the terminal does
+# not reach it: the display would go before the programs that are on it.
 spawn() {
-    "$@" >>"$desktop_home/log" 2>&1 &
+    setsid "$@" >>"$desktop_home/log" 2>&1 &
     spawned=$!
     desktop_pids+=("$spawned")
 }
@@ -66,7 +67,7 @@ start_server() {
 
 desktop_end() {
     trap - EXIT
-    trap '' INT TERM  # a second Ctrl-C does not leave half of it behind
+    trap '' INT TERM HUP  # a second Ctrl-C does not leave half of it behind
     local pid i
     # The X server was started first and goes last, so that nobody complains about it.
     for ((i = ${#desktop_pids[@]} - 1; i >= 0; i--)); do
@@ -211,6 +212,7 @@ desktop_start() {
     trap desktop_end EXIT
     trap 'desktop_end; exit 130' INT
     trap 'desktop_end; exit 143' TERM
+    trap 'desktop_end; exit 129' HUP
     desktop_scale=$2
     export HOME=$desktop_home/ada  # a file manager shows it
     mkdir "$HOME"
@@ -229,6 +231,14 @@ desktop_start() {
     mkdir -p "$XDG_CONFIG_HOME/gtk-3.0"
     echo 'infobar, infobar * { min-height: 0; margin: 0; padding: 0; border: none; font-size: 0; background: none; }' \
         >"$XDG_CONFIG_HOME/gtk-3.0/gtk.css"
+
+    # Folders as buttons: the path of this home says nothing to anybody.
+    mkdir -p "$XDG_CONFIG_HOME/xfce4/xfconf/xfce-perchannel-xml"
+    cat >"$XDG_CONFIG_HOME/xfce4/xfconf/xfce-perchannel-xml/thunar.xml" <<'TEXT'
+<channel name="thunar" version="1.0">
+  <property name="last-location-bar" type="string" value="ThunarLocationButtons"/>
+</channel>
+TEXT
 
     mkfifo "$desktop_home/answer"
     start_server "$1"
@@ -262,13 +272,16 @@ start_sound() {
 
 # Programs that a visitor finds in it. Sizes are in points.
 desktop_programs() {
-    local background='#fbfbfd' foreground='#26262a'
-    [[ $1 = *dark ]] && background='#1a1b20' foreground='#dcdce2'
+    local background='#fbfbfd' foreground='#26262a' blue='#1d4ed8'
+    [[ $1 = *dark ]] && background='#1a1b20' foreground='#dcdce2' blue='#83b1ff'
     pushd "$HOME" >/dev/null || return
     spawn xterm -T Terminal -fa 'DejaVu Sans Mono' -fs $((10 * desktop_scale)) -bg "$background" -fg "$foreground" \
+        -xrm "XTerm*color4: $blue" \
         -b $((8 * desktop_scale)) -geometry "72x18+$((90 * desktop_scale))+$((110 * desktop_scale))" \
         -e bash --rcfile "$HOME/.bashrc" -i
     spawn thunar --daemon
     spawn thunar "$HOME/Documents"
+    # Whatever is started next comes in front of them.
+    until_true 30 eval 'xprop -root _NET_CLIENT_LIST | grep -q "0x.*, 0x"' || return
     popd >/dev/null || return
 }

@@ -4,6 +4,7 @@
 #include "app/bundle_info.h"
 
 #include <QNetworkAccessManager>
+#include <QNetworkProxyFactory>
 #include <QNetworkReply>
 #include <QTimer>
 
@@ -22,6 +23,15 @@ QNetworkRequest requestFor(const QUrl &url) {
     request.setHeader(QNetworkRequest::UserAgentHeader, QStringLiteral("Pimloft/") + appVersion());
     return request;
 }
+
+/// The way out that the user's desktop prescribes. Asked anew for each request, so that a change counts at
+/// once.
+class DesktopProxies final : public QNetworkProxyFactory {
+public:
+    QList<QNetworkProxy> queryProxy(const QNetworkProxyQuery &query) override {
+        return systemProxyForQuery(query);
+    }
+};
 
 /// Whether the whole answer came, whatever it says about the request.
 bool hasAnswered(QNetworkReply::NetworkError error) {
@@ -88,8 +98,10 @@ HttpsFetcher::~HttpsFetcher() {
 }
 
 QNetworkAccessManager &HttpsFetcher::network() {
-    if (!network_)
+    if (!network_) {
         network_ = std::make_unique<QNetworkAccessManager>();
+        network_->setProxyFactory(new DesktopProxies);  // the manager's from now on
+    }
     return *network_;
 }
 

@@ -16,6 +16,7 @@ namespace pimloft {
 /// Gets documents by HTTPS only, also where it is sent on to. What the server says about the request is not
 /// looked at: what it sends is the document. Main thread.
 ///
+/// Goes through the proxy that the desktop prescribes, by a tunnel: it sees the host's name and nothing else.
 /// Nothing of the network is set up before the first fetch.
 class HttpsFetcher final : public QObject, public AppcastFetcher {
     Q_OBJECT

@@ -43,9 +43,10 @@ public:
         return std::make_unique<Window>(std::move(content), height_);
     }
     bool blends() const override { return blending; }
-    bool reducesMotion() const override { return false; }
+    bool reducesMotion() const override { return !fading; }
 
     bool blending = false;
+    bool fading = true;
 
 private:
     double height_;

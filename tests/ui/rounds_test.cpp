@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Every window opened and closed over and over on a real screen.
+#include "history_session.h"
 #include "page_session.h"
 #include "plain_panels.h"
 
 #include "app/onboarding.h"
 #include "app/whats_new.h"
+#include "quickvolume/quick_volume_module.h"
 #include "ui/general_settings.h"
 #include "ui/popover_controller.h"
 #include "ui/settings_window.h"
@@ -24,10 +26,36 @@ namespace {
 
 class Rounds : public testing::Test {
 protected:
+    Rounds() {
+        panels.fading = false;
+        session.desktop.audio.add({.name = QStringLiteral("Speakers")});
+        session.desktop.workspace.running.push_back({.name = QStringLiteral("Spotify"),
+                                                     .bundleId = QStringLiteral("com.spotify.client"),
+                                                     .processId = ProcessId(7)});
+        session.appState().quickVolume()->activate();
+        for (int number = 0; number < 20; ++number)
+            history.addText(qPrintable(QStringLiteral("Line %1").arg(number)));
+        history.add(ImageContent{test::HistorySession::landscape({640, 400})});
+    }
+
     void openAndClosePopover() {
         popover.open(QRectF(700, 900, 22, 22));
         waitForFrame();
         popover.close();
+    }
+    void openPopoverAndUnfoldTheMixer() {
+        popover.open(QRectF(700, 900, 22, 22));
+        waitForFrame();
+        test::click(test::named(test::shownWindow(), QStringLiteral("Show QuickVolume")));
+        ASSERT_TRUE(QTest::qWaitFor(
+            [] { return test::named(test::shownWindow(), QStringLiteral("Mute Spotify")) != nullptr; }));
+        popover.close();
+    }
+    void openAndCloseHistory() {
+        history.controller.show();
+        waitForFrame();
+        history.controller.hide();
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !history.controller.isOpen(); }));
     }
     /// Each time with another page.
     void openAndCloseSettings() {
@@ -84,6 +112,7 @@ private:
     Onboarding flow{session.appState(), session.settings(), session.accessibility(),
                     session.desktop.workspace, [] {}};
     WhatsNew news{QStringLiteral("1.0.0"), WhatsNew::currentFeatures(), session.desktop.preferences, [] {}};
+    test::HistorySession history{session, panels};
 };
 
 /// Less than a view would take that is left behind once in ten times.
@@ -91,6 +120,14 @@ constexpr qint64 nothing = 256 * 1024;
 
 TEST_F(Rounds, thePopoverTakesNoMemory) {
     EXPECT_LT(growth([this] { openAndClosePopover(); }), nothing);
+}
+
+TEST_F(Rounds, theMixerTakesNoMemory) {
+    EXPECT_LT(growth([this] { openPopoverAndUnfoldTheMixer(); }), nothing);
+}
+
+TEST_F(Rounds, theHistoryTakesNoMemory) {
+    EXPECT_LT(growth([this] { openAndCloseHistory(); }), nothing);
 }
 
 TEST_F(Rounds, theSettingsTakeNoMemory) {

@@ -54,6 +54,6 @@ RowLayout {
     }
     Hint {
         text: row.problem
-        visible: row.problem.length > 0 && pointer.hovered
+        wanted: row.problem.length > 0 && pointer.hovered
     }
 }

@@ -23,16 +23,14 @@ T.Slider {
         radius: height / 2
         color: Theme.colors.track
 
-        Rectangle {
+        AccentFill {
             readonly property double covered: knob.x + knob.width / 2 - parent.x
 
             x: slider.mirrored ? covered : 0
             width: slider.mirrored ? parent.width - covered : covered
             height: parent.height
             radius: parent.radius
-            gradient: AccentGradient {
-                backwards: slider.mirrored
-            }
+            backwards: slider.mirrored
         }
     }
 

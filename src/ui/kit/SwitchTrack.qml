@@ -15,13 +15,11 @@ Rectangle {
     opacity: control.enabled ? 1 : 0.45
     color: Theme.colors.track
 
-    Rectangle {
+    AccentFill {
         anchors.fill: parent
         radius: parent.radius
         opacity: !track.control.checked ? 0 : track.control.down ? 0.85 : 1
-        gradient: AccentGradient {
-            backwards: track.control.mirrored
-        }
+        backwards: track.control.mirrored
 
         Behavior on opacity {
             NumberAnimation {

@@ -47,6 +47,6 @@ T.Button {
 
     Hint {
         text: button.text
-        visible: (button.hovered || button.visualFocus) && button.Window.window !== null
+        wanted: button.hovered || button.visualFocus
     }
 }

@@ -14,11 +14,10 @@ Rectangle {
     radius: height / 2
     color: Theme.colors.unlit
 
-    Rectangle {
+    AccentFill {
         anchors.fill: parent
         radius: parent.radius
         opacity: disc.lit ? 1 : 0
-        gradient: AccentGradient {}
 
         Behavior on opacity {
             NumberAnimation {

@@ -166,13 +166,33 @@ private:
             input_.release(codes[*name]);
     }
 
+    /// What is on screen once it shows something else than the last picture did, and rests. A busy machine
+    /// may be behind the keys that were pressed.
+    QImage restingScreen(const QImage &last) {
+        QImage now;
+        waitUntil([&] { return (now = desktop_.screenshot()) != last; }, 3000);
+        waitUntil(
+            [&] {
+                QThread::msleep(120);
+                const QImage before = now;
+                now = desktop_.screenshot();
+                return now == before;
+            },
+            2000);
+        return now;
+    }
+
     void picture(const QString &name) {
         const QDir folder(qEnvironmentVariable("PICTURES"));
-        const auto number = folder.entryList({QStringLiteral("*.png")}).size() + 1;
+        const QStringList before = folder.entryList({QStringLiteral("*.png")}, QDir::Files, QDir::Name);
+        const auto number = before.size() + 1;
+        const QImage last =
+            before.isEmpty() ? QImage()
+                             : QImage(folder.filePath(before.last())).convertToFormat(QImage::Format_RGB32);
         const QString file = QStringLiteral("%1-%2-%3.png")
                                  .arg(number, 3, 10, QLatin1Char('0'))
                                  .arg(name, qEnvironmentVariable("LOOK"));
-        if (!desktop_.screenshot().save(folder.filePath(file)))
+        if (!restingScreen(last).save(folder.filePath(file)))
             fail(QStringLiteral("cannot write ") + folder.filePath(file));
         std::printf("%s\n", qPrintable(folder.filePath(file)));
     }
