@@ -22,6 +22,11 @@ if(PIMLOFT_FUZZ)
     target_compile_options(pimloft_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
+if(PIMLOFT_COVERAGE)
+    target_compile_options(pimloft_options INTERFACE -fprofile-instr-generate -fcoverage-mapping)
+    target_link_options(pimloft_options INTERFACE -fprofile-instr-generate)
+endif()
+
 # pimloft_library(name SOURCES ... LINK ...): a static library of the tree.
 function(pimloft_library name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})

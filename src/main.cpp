@@ -14,6 +14,7 @@
 #include "finderfix/new_file_menu.h"
 #include "i18n/translations.h"
 #include "platform/instance/instance.h"
+#include "platform/memory/memory.h"
 #include "platform/signals/quit_signals.h"
 #include "ui/kit/theme.h"
 #include "ui/pimloft_app.h"
@@ -112,6 +113,7 @@ int diagnose() {
 }
 
 int start(int argc, char **argv, CommandLine::Action action) {
+    forbidCoreDumps();
     if (const auto reason = prepareDesktop())
         return complain(*reason);
     QApplication application(argc, argv);

@@ -86,7 +86,10 @@ void ClipboardModule::pasteAsPlainText() {
 void ClipboardModule::pastePlainText(const PasteData &text, bool isKeptOut) {
     if (text.status != PasteData::present)
         return;
-    const qint64 written = pasteboard_.write({{PasteType::plainText, text.bytes}});
+    std::vector<PasteItem> items{{PasteType::plainText, text.bytes}};
+    if (isKeptOut)
+        items.push_back({PasteType::secretMark, {}});
+    const qint64 written = pasteboard_.write(std::move(items));
     if (isKeptOut)
         engine_.skipChange(written);
     engine_.simulatePaste();

@@ -129,13 +129,14 @@ TEST_F(ClipboardModuleTest, pastesNothingWhereThereIsNoText) {
     EXPECT_EQ(desktop.log(), "");
 }
 
-TEST_F(ClipboardModuleTest, pastesASecretAndKeepsItOutOfTheHistory) {
+TEST_F(ClipboardModuleTest, pastesASecretAndKeepsItOutOfEveryHistory) {
     module->activate();
     desktop.pasteboard.copy({{PasteType::plainText, "secret"}});
     desktop.pasteboard.copiedBy.isSecret = true;
     desktop.log();
     press(plainText);
-    EXPECT_EQ(desktop.log(), "write 1 forms to the pasteboard\npost key 9 with flags 0x100000\n");
+    // The text, and the mark for others.
+    EXPECT_EQ(desktop.log(), "write 2 forms to the pasteboard\npost key 9 with flags 0x100000\n");
     desktop.pasteboard.copiedBy.isSecret = false;
     EXPECT_EQ(recorded(), "");
 }

@@ -3,6 +3,8 @@
 #include "desktop/support/desktop_test.h"
 #include "desktop/support/tray_host.h"
 
+#include <QFile>
+
 #include <csignal>
 
 namespace pimloft::test {
@@ -134,6 +136,13 @@ TEST_F(Lifecycle, startsAgainAfterItWasKilled) {
     const xcb_window_t window = openWindow(Client::qt, QStringLiteral("Placed"));
     press(KEY_LEFT);
     expectFrame(window, {0, 0, 800, 1000});
+}
+
+TEST_F(Lifecycle, leavesNoPictureOfItsMemoryWhenItCrashes) {
+    startPimloft();
+    QFile limits(QStringLiteral("/proc/%1/limits").arg(pimloft().pid()));
+    ASSERT_TRUE(limits.open(QFile::ReadOnly));
+    EXPECT_THAT(limits.readAll().toStdString(), testing::ContainsRegex("Max core file size +0 "));
 }
 
 TEST_F(Lifecycle, leavesAShortcutToTheProgramThatHasItAndSaysSo) {

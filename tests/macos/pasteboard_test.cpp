@@ -139,6 +139,13 @@ TEST_F(MacPasteboardTest, clearsAndWritesEachTypeUnderItsName) {
     EXPECT_EQ(after, pasteboard_.changeCount());
 }
 
+TEST_F(MacPasteboardTest, marksASecretForOtherPrograms) {
+    pasteboard_.write({{PasteType::plainText, "password"}, {PasteType::secretMark, {}}});
+    EXPECT_EQ(log(), "clear\n"
+                     "set public.utf8-plain-text 8 bytes\n"
+                     "set org.nspasteboard.ConcealedType 0 bytes\n");
+}
+
 TEST_F(MacPasteboardTest, writesFilesAsLinks) {
     pasteboard_.write({{PasteType::fileUrls, "file:///tmp/a%20b\nfile:///tmp/c"}});
     EXPECT_EQ(log(), "clear\nwrite file:///tmp/a%20b\nwrite file:///tmp/c\n");

@@ -12,7 +12,7 @@ for file in \
     share/applications/app.pimloft.Pimloft.desktop share/metainfo/app.pimloft.Pimloft.metainfo.xml \
     share/icons/hicolor/16x16/apps/pimloft.png share/icons/hicolor/512x512/apps/pimloft.png \
     share/icons/hicolor/scalable/apps/pimloft.svg \
-    share/man/man1/pimloft.1 share/doc/Pimloft/LICENSE \
+    share/man/man1/pimloft.1.gz share/doc/pimloft/copyright share/doc/pimloft/changelog.Debian.gz \
     share/pimloft/help/index.html share/pimloft/help/permissions.html share/pimloft/help/style.css; do
     [ -f "$folder/$file" ] || { echo "not installed: $file" >&2; missing=1; }
 done

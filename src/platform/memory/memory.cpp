@@ -2,6 +2,7 @@
 #include "platform/memory/memory.h"
 
 #include <cstdlib>  // says which C library this is
+#include <sys/resource.h>
 
 #ifdef __GLIBC__
 #include <malloc.h>
@@ -14,6 +15,14 @@ void returnFreeMemory() {
     // glibc keeps freed memory until it is told. Other allocators give it back by themselves.
     malloc_trim(0);
 #endif
+}
+
+void forbidCoreDumps() {
+    rlimit limit{};
+    if (getrlimit(RLIMIT_CORE, &limit) != 0)
+        return;
+    limit.rlim_cur = 0;
+    setrlimit(RLIMIT_CORE, &limit);
 }
 
 }  // namespace pimloft

@@ -23,6 +23,9 @@ NSPasteboardType nameOf(PasteType type) {
         return NSPasteboardTypeHTML;
     case PasteType::rtf:
         return NSPasteboardTypeRTF;
+    case PasteType::secretMark:
+        // By agreement among programs; the system has no name for it.
+        return @"org.nspasteboard.ConcealedType";
     case PasteType::plainText:
     case PasteType::fileUrls:
         break;

@@ -53,6 +53,10 @@ QByteArray same(const QByteArray &bytes) {
     return bytes;
 }
 
+QByteArray secretWord(const QByteArray &) {
+    return QByteArrayLiteral("secret");
+}
+
 /// An item is offered under the target, in the form that `make` gives it.
 struct Writable {
     PasteType type;
@@ -76,6 +80,7 @@ constexpr std::array writable = {
     Writable{PasteType::plainText, "text/plain", "text/plain", same},
     Writable{PasteType::plainText, "TEXT", "UTF8_STRING", same},
     Writable{PasteType::plainText, "STRING", "STRING", latin1Text},
+    Writable{PasteType::secretMark, secretMark, secretMark, secretWord},
 };
 
 bool holds(const std::vector<PasteItem> &items, PasteType type) {

@@ -7,6 +7,9 @@
 /// By which names X11 programs offer each kind of content. Pure; any thread.
 namespace pimloft {
 
+/// What is offered beside content that is to be kept out of histories: the word "secret".
+inline constexpr char secretMark[] = "x-kde-passwordManagerHint";
+
 /// What to ask for, the best first. The tags are the types.
 std::vector<SelectionWish> wishesFor(const std::vector<PasteType> &wanted);
 

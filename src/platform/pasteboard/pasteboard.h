@@ -12,8 +12,9 @@ class QObject;
 
 namespace pimloft {
 
-/// The kinds of content that the program reads and writes.
-enum class PasteType { fileUrls, png, tiff, html, rtf, plainText };
+/// The kinds of content that the program reads and writes. The mark, whose bytes do not count, is written
+/// beside what other programs are to keep out of their histories; that it is there is told by the origin.
+enum class PasteType { fileUrls, png, tiff, html, rtf, plainText, secretMark };
 
 /// What became of a read.
 struct PasteData {

@@ -15,7 +15,6 @@ using namespace std::chrono_literals;
 constexpr auto readPatience = 1900ms;
 
 /// By this programs mark what is to be kept out of histories.
-constexpr char secretMark[] = "x-kde-passwordManagerHint";
 constexpr qsizetype longestMark = 64;
 
 std::optional<QByteArray> mark(const QByteArray &, QByteArray bytes) {

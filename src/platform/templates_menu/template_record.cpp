@@ -54,9 +54,8 @@ RecordedTemplate *TemplateRecord::find(const QByteArray &name) {
     return found == entries.end() ? nullptr : &*found;
 }
 
-TemplateRecord TemplateRecord::read(const QString &path) {
-    const auto bytes = readRegularFile(path, largestRecord);
-    const QJsonObject root = QJsonDocument::fromJson(bytes.value_or(QByteArray())).object();
+TemplateRecord TemplateRecord::parse(const QByteArray &bytes) {
+    const QJsonObject root = QJsonDocument::fromJson(bytes).object();
     TemplateRecord record{.folder = FileUrl::fromText(root.value(folderKey).toString()), .entries = {}};
     const QJsonArray entries = root.value(entriesKey).toArray();
     for (const QJsonValue each : entries)
@@ -65,16 +64,24 @@ TemplateRecord TemplateRecord::read(const QString &path) {
     return record;
 }
 
-bool TemplateRecord::write(const QString &path) const {
-    if (entries.empty())
-        return QFile::remove(path) || !QFile::exists(path);
+QByteArray TemplateRecord::encoded() const {
     QJsonArray list;
     for (const RecordedTemplate &each : entries)
         list << object(each);
     QJsonObject root{{entriesKey, list}};
     if (folder)
         root.insert(folderKey, QString::fromLatin1(folder->encoded()));
-    return !writeAtomically(path, QJsonDocument(root).toJson(QJsonDocument::Compact));
+    return QJsonDocument(root).toJson(QJsonDocument::Compact);
+}
+
+TemplateRecord TemplateRecord::read(const QString &path) {
+    return parse(readRegularFile(path, largestRecord).value_or(QByteArray()));
+}
+
+bool TemplateRecord::write(const QString &path) const {
+    if (entries.empty())
+        return QFile::remove(path) || !QFile::exists(path);
+    return !writeAtomically(path, encoded());
 }
 
 }  // namespace pimloft

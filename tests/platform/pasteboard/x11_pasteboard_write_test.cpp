@@ -109,6 +109,14 @@ TEST_F(X11PasteboardWrite, givesSeveralFormsAtOnce) {
     EXPECT_EQ(answers == expected, true);
 }
 
+TEST_F(X11PasteboardWrite, marksASecretForOtherPrograms) {
+    pasteboard_.write({{PasteType::plainText, "password"}, {PasteType::secretMark, {}}});
+    EXPECT_EQ(pasted("UTF8_STRING"), "password");
+    EXPECT_EQ(pasted("x-kde-passwordManagerHint"), "secret");
+    pasteboard_.write(plain("public"));
+    EXPECT_EQ(pasted("x-kde-passwordManagerHint"), "(refused)");
+}
+
 TEST_F(X11PasteboardWrite, refusesWhatWasAskedOfTheOwnerBefore) {
     pasteboard_.write(plain("text"));
     EXPECT_EQ(other_.ask("UTF8_STRING", "CLIPBOARD", 1).property, xcb_atom_t(XCB_NONE));
