@@ -11,6 +11,7 @@ FloatingFrame {
 
     required property PopupModel popup
 
+    title: qsTr("Clipboard history")
     onTouchedOutside: popup.dismiss()
     Keys.onEscapePressed: popup.dismiss()
 
@@ -57,7 +58,7 @@ FloatingFrame {
                 boundsBehavior: Flickable.StopAtBounds
                 model: view.popup.entries
                 Accessible.role: Accessible.List
-                Accessible.name: qsTr("Clipboard history")
+                Accessible.name: view.title
 
                 T.ScrollBar.vertical: ScrollBar {}
 

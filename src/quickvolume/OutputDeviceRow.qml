@@ -5,25 +5,36 @@ import QtQuick.Templates as T
 import Pimloft.Kit
 import Pimloft.QuickVolume
 
-/// An output device that can be chosen.
-T.AbstractButton {
+/// An output device that can be chosen. `picked` tells that it was; what is chosen then is `isDefault` only.
+T.RadioButton {
     id: row
 
     property string name
     property bool isDefault: false
+    signal picked
+
+    function pick() {
+        // A press checks the button by itself, also where the sound server does not follow.
+        checked = Qt.binding(() => isDefault);
+        picked();
+    }
+
+    checked: isDefault
+    autoExclusive: false
 
     Layout.fillWidth: true
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: Theme.controlHeight + Theme.unit
     horizontalPadding: Theme.unit * 3
     hoverEnabled: true
-    Accessible.role: Accessible.RadioButton
+    onClicked: pick()
     Accessible.name: name
     Accessible.checkable: true
-    Accessible.checked: isDefault
-    Accessible.onPressAction: clicked()
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
+    Accessible.checked: checked
+    Accessible.onPressAction: pick()
+    Accessible.onToggleAction: pick()
+    Keys.onReturnPressed: pick()
+    Keys.onEnterPressed: pick()
 
     contentItem: RowLayout {
         spacing: Theme.unit * 2.5

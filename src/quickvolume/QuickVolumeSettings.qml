@@ -43,9 +43,18 @@ Page {
                     symbolColor: device.record.isDefault ? Theme.colors.accentText : Theme.colors.secondaryText
                     text: device.record.name
                     textFont: Theme.callout
+                    speaksForText: true
+                    Accessible.role: Accessible.RadioButton
+                    Accessible.name: device.record.name
+                    Accessible.description: device.record.isDefault ? qsTr("Default") : ""
+                    Accessible.focusable: false
+                    Accessible.checkable: true
+                    Accessible.checked: device.record.isDefault
+                    Accessible.onPressAction: page.mixer.setDefaultOutputDevice(device.record.id)
 
                     Label {
                         visible: device.record.isDefault
+                        silent: true
                         text: qsTr("Default")
                         font: Theme.caption
                         color: Theme.colors.accentText

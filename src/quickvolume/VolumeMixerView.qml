@@ -43,7 +43,7 @@ Flickable {
                 required property var record
                 name: record.name
                 isDefault: record.isDefault
-                onClicked: view.mixer.setDefaultOutputDevice(record.id)
+                onPicked: view.mixer.setDefaultOutputDevice(record.id)
             }
         }
         Divider {

@@ -11,6 +11,7 @@ PopoverFrame {
     readonly property AppState appState: controller.appState
     property bool showVolumeMixer: false
 
+    title: "Pimloft"
     floating: controller.blends
     onTouchedOutside: controller.close()
 

@@ -106,12 +106,13 @@ TEST(ScreenReader, isToldTheNameAndTheKindOfEveryControl) {
             ASSERT_TRUE(interface) << page << ": " << control->metaObject()->className();
             EXPECT_NE(interface->text(QAccessible::Name), QString())
                 << page << ": " << control->metaObject()->className();
-            const QAccessible::Role expected = control->inherits("QQuickSlider")    ? QAccessible::Slider
-                                               : control->inherits("QQuickSpinBox") ? QAccessible::SpinBox
-                                               : control->inherits("QQuickTextInput")
-                                                   ? QAccessible::EditableText
-                                               : control->inherits("QQuickSwitch") ? QAccessible::CheckBox
-                                                                                   : QAccessible::Button;
+            const QAccessible::Role expected =
+                control->inherits("QQuickSlider")        ? QAccessible::Slider
+                : control->inherits("QQuickSpinBox")     ? QAccessible::SpinBox
+                : control->inherits("QQuickTextInput")   ? QAccessible::EditableText
+                : control->inherits("QQuickSwitch")      ? QAccessible::CheckBox
+                : control->inherits("QQuickRadioButton") ? QAccessible::RadioButton
+                                                         : QAccessible::Button;
             EXPECT_EQ(interface->role(), expected) << page << ": " << describe(control);
         }
     });

@@ -109,8 +109,8 @@ TEST_F(Mixer, saysThis) {
     unfold();
     const std::string mixer = spoken().substr(spoken().find("heading: Output"));
     EXPECT_EQ(mixer, "heading: Output\n"
-                     "button: Speakers [on]\n"
-                     "button: Headphones [off]\n"
+                     "radio button: Speakers [on]\n"
+                     "radio button: Headphones [off]\n"
                      "button: Mute\n"
                      "slider: System\n"
                      "slider: Spotify\n"
@@ -148,7 +148,7 @@ TEST_F(Mixer, unfoldingLooksAtEverythingAnew) {
     unfold();
     settle();
     EXPECT_TRUE(shows("25%"));
-    EXPECT_NE(spoken().find("button: Headphones [on]"), std::string::npos);
+    EXPECT_NE(spoken().find("radio button: Headphones [on]"), std::string::npos);
     EXPECT_NE(spoken().find("button: Unmute\n"), std::string::npos);
     EXPECT_TRUE(shows("mpv"));
 }
@@ -159,7 +159,7 @@ TEST_F(Mixer, choosingADeviceMakesItTheDefaultAndKeepsTheKeyboardThere) {
     test::type(window(), Qt::Key_Space);
     settle();
     EXPECT_EQ(session.desktop.log(), "make Headphones the default output\n");
-    EXPECT_NE(spoken().find("button: Headphones [on]"), std::string::npos);
+    EXPECT_NE(spoken().find("radio button: Headphones [on]"), std::string::npos);
     EXPECT_TRUE(shows("25%"));
     EXPECT_TRUE(named("Headphones")->hasActiveFocus());
 }
@@ -319,6 +319,22 @@ TEST_F(Mixer, thePageSaysThis) {
         "toggle is provided.\n"
         "Full per-app volume control (like Windows Volume Mixer) requires a virtual audio driver, planned "
         "for a future update.");
+}
+
+TEST_F(Mixer, aDeviceThatIsRefusedIsNotShownAsChosen) {
+    unfold();
+    session.desktop.audio.at(headphones).plugged = false;
+    test::click(named("Headphones"));
+    settle();
+    EXPECT_NE(spoken().find("radio button: Speakers [on]"), std::string::npos) << spoken();
+    EXPECT_EQ(spoken().find("radio button: Headphones [on]"), std::string::npos) << spoken();
+}
+
+TEST_F(Mixer, thePageTellsWhichDeviceIsChosen) {
+    showPage();
+    const QStringList said = test::spoken(page.get());
+    EXPECT_TRUE(said.contains(QStringLiteral("radio button: Speakers [on]")));
+    EXPECT_TRUE(said.contains(QStringLiteral("radio button: Headphones [off]")));
 }
 
 TEST_F(Mixer, thePageMakesADeviceTheDefault) {

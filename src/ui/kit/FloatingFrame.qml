@@ -7,6 +7,8 @@ import Pimloft.Kit
 FocusScope {
     id: frame
 
+    /// What a screen reader calls the panel.
+    property string title
     property double shadow: 0
     readonly property double groundRadius: shadow > 0 ? Theme.cardRadius + Theme.unit : 0
     default property alias content: ground.data
@@ -16,6 +18,14 @@ FocusScope {
     focus: true
     LayoutMirroring.enabled: Application.layoutDirection === Qt.RightToLeft
     LayoutMirroring.childrenInherit: true
+
+    Binding {
+        target: frame.Window.window
+        property: "title"
+        value: frame.title
+        when: frame.Window.window !== null
+        restoreMode: Binding.RestoreNone
+    }
 
     TapHandler {
         gesturePolicy: TapHandler.ReleaseWithinBounds

@@ -16,5 +16,6 @@ Text {
     verticalAlignment: Text.AlignVCenter
     Accessible.role: Accessible.StaticText
     Accessible.name: text
+    Accessible.focusable: false
     Accessible.ignored: silent
 }

@@ -17,10 +17,11 @@ QJsonObject storedPreferences(const DesktopSession &session) {
     return file.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(file.readAll()).object() : QJsonObject();
 }
 
-void skipFirstRun(const DesktopSession &session, const QJsonObject &preferences) {
+void skipFirstRun(const DesktopSession &session, const QJsonObject &preferences, const QString &lastSeen) {
     QJsonObject all = preferences;
     all[QStringLiteral("pimloft.general.hasCompletedOnboarding")] = true;
-    all[QStringLiteral("pimloft.general.lastSeenVersion")] = QStringLiteral(PIMLOFT_VERSION);
+    all[QStringLiteral("pimloft.general.lastSeenVersion")] =
+        lastSeen.isEmpty() ? QStringLiteral(PIMLOFT_VERSION) : lastSeen;
     QFile file(preferencesFile(session));
     QDir().mkpath(QFileInfo(file).path());
     const QByteArray text = QJsonDocument(all).toJson();

@@ -13,9 +13,10 @@ QString preferencesFile(const DesktopSession &session);
 /// What they are now; empty where there are none.
 QJsonObject storedPreferences(const DesktopSession &session);
 
-/// Has the session's user know the program: its first run and the news of this version lie behind them.
-/// `preferences` are what they have set besides. Before the program is started.
-void skipFirstRun(const DesktopSession &session, const QJsonObject &preferences = {});
+/// Has the session's user know the program: its first run and the news of this version, or of `lastSeen`, lie
+/// behind them. `preferences` are what they have set besides. Before the program is started.
+void skipFirstRun(const DesktopSession &session, const QJsonObject &preferences = {},
+                  const QString &lastSeen = {});
 
 /// As if the program had never been started there.
 void forgetPreferences(const DesktopSession &session);
