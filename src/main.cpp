@@ -93,7 +93,10 @@ int run(QApplication &application, Instance &instance, CommandLine::Action actio
     if (action == CommandLine::Action::openSettings)
         app.openSettings();
 
+    // With no time for more: the windows' own server may be gone.
+    host->onDesktopLost = [&delegate] { delegate.applicationWillTerminate(); };
     const int result = application.exec();
+    host->onDesktopLost = nullptr;
     instance.onCommand = nullptr;
     delegate.applicationWillTerminate();
     process.setViews(nullptr);

@@ -55,6 +55,8 @@ void ClipboardPopupController::hide() {
     fade_.out(*popupWindow_, [this] {
         popupWindow_->orderOut();
         close();
+        // What was typed when it began to fade may have come to its view a little later.
+        store_.setSearchQuery({});
     });
     store_.setSearchQuery({});
 }

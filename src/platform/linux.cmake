@@ -29,6 +29,7 @@ pimloft_library(pimloft_platform_linux
         x11/selection_sender.cpp x11/selection_sender.h
         x11/x11_active_window.cpp x11/x11_active_window.h
         x11/x11_compositor.cpp x11/x11_compositor.h
+        x11/x11_end.cpp x11/x11_end.h
         x11/x11_keyboard.cpp x11/x11_keyboard.h
         x11/x11_keymap.cpp x11/x11_keymap.h
         x11/x11_obstacle.cpp x11/x11_obstacle.h

@@ -24,6 +24,7 @@
 #include "platform/workspace/x11_workspace.h"
 #include "platform/x11/x11_active_window.h"
 #include "platform/x11/x11_compositor.h"
+#include "platform/x11/x11_end.h"
 #include "platform/x11/x11_keyboard.h"
 #include "platform/x11/x11_raw_input.h"
 #include "platform/x11/x11_session.h"
@@ -69,7 +70,8 @@ public:
           keys_(
               keyboard_, [this] { panels_.endTyping(); }, [this] { return chordInFront(); }),
           pasteboard_([this](ProcessId process) { return workspace_.bundleId(process); }),
-          scripting_(scriptHandlers()), templatesMenu_(dirs.support) {}
+          scripting_(scriptHandlers()), templatesMenu_(dirs.support),
+          end_(session_, [this] { saveAtTheLastMoment(); }) {}
 
     Platform platform() override {
         return {.appearance = appearance_,
@@ -93,6 +95,12 @@ public:
     }
 
 private:
+    void saveAtTheLastMoment() {
+        if (onDesktopLost)
+            onDesktopLost();
+        preferences_.flush();
+    }
+
     /// What is typed next may paste, and programs of the oldest kind paste the primary selection.
     ShortcutChord chordInFront() {
         const ShortcutChord chord = workspace_.frontmostChord();
@@ -148,6 +156,7 @@ private:
     const FileCalls fileCalls_{};
     LinuxFiles files_{fileCalls_};
     XdgTemplatesMenu templatesMenu_;
+    X11End end_;
 };
 
 }  // namespace

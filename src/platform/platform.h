@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -57,6 +58,10 @@ class Host {
 public:
     virtual ~Host() = default;
     virtual Platform platform() = 0;
+
+    /// Called at most once, when the desktop has gone under the running program, which ends on return: time to
+    /// stop what was begun and to save. Nothing can be shown any more. Main thread.
+    std::function<void()> onDesktopLost;
 };
 
 /// To be called before the QApplication is made: chooses how it talks to the desktop. Answers why it cannot

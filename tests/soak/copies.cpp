@@ -54,7 +54,8 @@ void copyNumber(SoakDesk &desk, int number) {
     case 4:
         return offer(desk, "text/uri-list", "file:///tmp/paper%20" + QByteArray::number(number) + "\r\n");
     case 5:
-        return offer(desk, "UTF8_STRING", words(number) + QByteArray(largeText, 'x'));
+        // Nothing that the popup finds: no editor takes so much in at once.
+        return offer(desk, "UTF8_STRING", QByteArray::number(number) + QByteArray(largeText, 'x'));
     case 6:
         return copyFromAnEditor(desk, desk.editor, number);
     case 7:

@@ -149,8 +149,9 @@ void DesktopSession::startServer(const Options &options) {
 
 void DesktopSession::startBus() {
     bus_ = makeProcess(environment_);
-    bus_->start(QStringLiteral("dbus-daemon"), {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                                                QStringLiteral("--print-address=1")});
+    bus_->start(QStringLiteral("dbus-daemon"),
+                {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1"),
+                 QStringLiteral("--address=unix:path=%1/bus").arg(home_.path())});
     const QByteArray address = firstLine(*bus_, QStringLiteral("dbus-daemon"));
     if (address.isEmpty())
         fail(QStringLiteral("dbus-daemon does not come up"));
@@ -185,6 +186,17 @@ void DesktopSession::startWindowManager(const QString &name) {
 
 void DesktopSession::stopWindowManager() {
     end(windowManager_);
+}
+
+void DesktopSession::killServer() {
+    server_->kill();
+    server_->waitForFinished();
+}
+
+void DesktopSession::killBus() {
+    bus_->kill();
+    bus_->waitForFinished();
+    QFile::remove(home_.path() + QStringLiteral("/bus"));
 }
 
 bool waitUntil(const std::function<bool()> &condition, int milliseconds) {

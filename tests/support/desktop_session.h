@@ -39,9 +39,14 @@ public:
     void startWindowManager(const QString &name);
     void stopWindowManager();
 
+    /// Ends the X server and the session bus as a crash does.
+    void killServer();
+    void killBus();
+    /// A bus at the address of the one that was killed.
+    void startBus();
+
 private:
     void startServer(const Options &options);
-    void startBus();
 
     QTemporaryDir home_;
     QProcessEnvironment environment_;

@@ -151,8 +151,11 @@ void X11Session::dispatch(bool readSocket) {
             handler = handlers_.upper_bound(key);
         }
     }
-    if (!isConnected())
-        notifier_->setEnabled(false);
+    if (isConnected() || !notifier_->isEnabled())
+        return;
+    notifier_->setEnabled(false);
+    if (onLost)
+        onLost();
 }
 
 }  // namespace pimloft

@@ -35,6 +35,9 @@ public:
     xcb_window_t root() const { return root_; }
     bool isConnected() const { return !xcb_connection_has_error(connection_); }
 
+    /// Called once, when the event loop finds that the server has gone.
+    std::function<void()> onLost;
+
     /// Requests of an extension that is missing would end the connection: ask before the first one.
     bool hasExtension(xcb_extension_t *extension);
 

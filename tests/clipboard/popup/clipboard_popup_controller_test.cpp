@@ -192,6 +192,15 @@ TEST_F(Controller, typingAQueryClosingAndReopeningShowsTheFullList) {
     EXPECT_EQ(popup().entries()->rowCount(), 2);
 }
 
+TEST_F(Controller, whatIsTypedWhileItFadesIsNotLookedForTheNextTime) {
+    open();
+    controller.hide();
+    popup().setSearchQuery(QStringLiteral("late"));
+    clock.pass(100);
+    controller.show();
+    EXPECT_EQ(popup().searchQuery(), QString());
+}
+
 TEST_F(Controller, nothingOfTheLastPopupSurvives) {
     open();
     popup().select(1);
