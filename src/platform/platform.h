@@ -59,8 +59,8 @@ public:
     virtual ~Host() = default;
     virtual Platform platform() = 0;
 
-    /// Called at most once, when the desktop has gone under the running program, which ends on return: time to
-    /// stop what was begun and to save. Nothing can be shown any more. Main thread.
+    /// Called at most once, when the desktop has gone under the running program, which ends on return: time
+    /// to stop what was begun and to save. Nothing can be shown any more. Main thread.
     std::function<void()> onDesktopLost;
 };
 
