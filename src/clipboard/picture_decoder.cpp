@@ -31,6 +31,8 @@ QImage decodePicture(const QByteArray &bytes, const PictureScale &scale) {
     for (const char *format : formats) {
         buffer.seek(0);
         QImageReader reader(&buffer, format);
+        // Where the decoder of the format is not installed, no other one is to be tried.
+        reader.setAutoDetectImageFormat(false);
         if (reader.canRead())
             return decode(reader, scale);
     }
