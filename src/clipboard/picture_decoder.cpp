@@ -31,7 +31,7 @@ QImage decodePicture(const QByteArray &bytes, const PictureScale &scale) {
     for (const char *format : formats) {
         buffer.seek(0);
         QImageReader reader(&buffer, format);
-        // Else every plugin there is would be loaded and asked.
+        // Else every plugin there is would be loaded and asked, and one of another format could take it.
         reader.setAutoDetectImageFormat(false);
         if (reader.canRead())
             return decode(reader, scale);

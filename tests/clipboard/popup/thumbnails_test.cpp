@@ -66,6 +66,15 @@ TEST(Thumbnails, whatIsNoPictureHasANullImage) {
     EXPECT_TRUE(thumbnails.thumbnail(id, "no picture").has_value()) << "it would be tried again and again";
 }
 
+TEST(Thumbnails, areMadeOfNoOtherFormatThatTheDesktopCouldRead) {
+    const QByteArray drawing = R"(<svg xmlns="http://www.w3.org/2000/svg" width="9" height="9"/>)";
+    const QByteArray bits = "#define a_width 1\n#define a_height 1\nstatic char a_bits[] = {0x01};\n";
+    for (const QByteArray &bytes : {drawing, bits, QByteArray("P1 1 1 1")}) {
+        Thumbnails thumbnails;
+        EXPECT_TRUE(decoded(thumbnails, QUuid::createUuid(), bytes).isNull()) << bytes.toStdString();
+    }
+}
+
 TEST(Thumbnails, aPictureIsDecodedOnce) {
     const ClipboardItem item = test::image({600, 400});
     Thumbnails thumbnails;
