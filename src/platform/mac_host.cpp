@@ -12,6 +12,7 @@
 #include "platform/hotkeys/mac_hotkeys.h"
 #include "platform/loginitem/mac_login_item.h"
 #include "platform/mac/mac_application.h"
+#include "platform/panels/mac_floating_windows.h"
 #include "platform/panels/mac_panels.h"
 #include "platform/pasteboard/mac_pasteboard.h"
 #include "platform/platform.h"
@@ -57,6 +58,7 @@ public:
 
 private:
     const SystemClock clock_;
+    const MacFloatingWindows floatingWindows_{MacPanels::nativeView};
     MacPreferences preferences_;
     MacLoginItem loginItem_;
     QtDialogs dialogs_;

@@ -32,6 +32,7 @@ set(PIMLOFT_MAC_SOURCES
     instance/mac_instance.cpp
     loginitem/mac_app_service.h loginitem/mac_app_service.mm
     loginitem/mac_login_item.cpp loginitem/mac_login_item.h
+    panels/mac_floating_windows.cpp panels/mac_floating_windows.h
     panels/mac_panel.cpp panels/mac_panel.h
     panels/mac_panel_window.h panels/mac_panel_window.mm
     panels/mac_panels.cpp panels/mac_panels.h

@@ -64,6 +64,17 @@ TEST(Architecture, everyFileIsBuiltByATargetOfThePlan) {
     EXPECT_THAT(violations, IsEmpty());
 }
 
+TEST(Architecture, everyFileForAMacIsInTheListThatBothTheMacAndItsTestsBuild) {
+    std::vector<std::string> violations;
+    for (const SourceFile &file : product()) {
+        const bool isForMac =
+            file.path.extension() == ".mm" || file.path.filename().string().rfind("mac_", 0) == 0;
+        if (isForMac && file.target != "pimloft_platform_macos")
+            violations.push_back(at(file, 1, "is not in src/platform/macos.cmake alone"));
+    }
+    EXPECT_THAT(violations, IsEmpty());
+}
+
 TEST(Architecture, aLayerIncludesOnlyTheLayersUnderIt) {
     const std::vector<SourceFile> files = product();
     std::map<std::string, std::string> targetOf;

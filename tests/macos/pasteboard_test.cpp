@@ -131,10 +131,10 @@ TEST_F(MacPasteboardTest, clearsAndWritesEachTypeUnderItsName) {
                                           {PasteType::rtf, "{\\rtf1}"},
                                           {PasteType::plainText, "plain"}});
     EXPECT_EQ(log(), "clear\n"
-                     "set public.png 3 bytes\n"
-                     "set public.html 3 bytes\n"
-                     "set public.rtf 7 bytes\n"
-                     "set public.utf8-plain-text 5 bytes\n");
+                     "set data public.png 3 bytes\n"
+                     "set data public.html 3 bytes\n"
+                     "set data public.rtf 7 bytes\n"
+                     "set text public.utf8-plain-text 5 bytes\n");
     EXPECT_GT(after, before);
     EXPECT_EQ(after, pasteboard_.changeCount());
 }

@@ -37,6 +37,9 @@ private:
     const std::unique_ptr<Window> window_;
 };
 
+/// Puts the window around a native view above normal ones, where an overlay is. Main thread.
+void floatWindowOf(std::uintptr_t view);
+
 /// Calls back for every press of the left or the right button in other applications, until it is destroyed.
 /// Main thread.
 class MacClickMonitor {

@@ -132,6 +132,10 @@ void MacPanelWindow::giveTypingBack() {
     }
 }
 
+void floatWindowOf(std::uintptr_t view) {
+    [[reinterpret_cast<NSView *>(view) window] setLevel:NSFloatingWindowLevel];
+}
+
 struct MacClickMonitor::Monitor {
     id token;
 };

@@ -95,6 +95,11 @@ void makeAnotherWindowKey();
 /// A view as Qt makes one for its window; owned by the test.
 std::uintptr_t makeView();
 void releaseView(std::uintptr_t view);
+/// A window as Qt makes one, at this level. Answers its view.
+std::uintptr_t makeWindow(long level);
+void releaseWindow(std::uintptr_t view);
+/// Where Qt puts windows that stay on top.
+inline constexpr long modalPanelLevel = 8;
 
 // The general pasteboard.
 

@@ -75,6 +75,8 @@ bool passThroughTaps(Event &event) {
             complain("a tap answered another event");
         if (!result && mayHoldBack)
             return false;
+        if (!result)
+            complain("a tap that only listens answered no event");
     }
     return true;
 }

@@ -44,6 +44,16 @@ NSString *const NSWindowDidResignKeyNotification = @"NSWindowDidResignKey";
     [self release];
 }
 
+- (NSWindow *)window {
+    NSView *outermost = self;
+    while (NSView *around = views[outermost].first)
+        outermost = around;
+    for (const auto &[window, known] : windows)
+        if (known.content == outermost)
+            return reinterpret_cast<NSWindow *>(const_cast<void *>(window));
+    return nil;
+}
+
 - (void)dealloc {
     if (views[self].second)
         complain("a view is gone before what is in it");
@@ -214,6 +224,19 @@ std::uintptr_t makeView() {
 
 void releaseView(std::uintptr_t view) {
     [reinterpret_cast<NSView *>(view) release];
+}
+
+std::uintptr_t makeWindow(long level) {
+    NSWindow *window = [[NSWindow alloc] initWithContentRect:NSZeroRect
+                                                   styleMask:NSWindowStyleMaskTitled
+                                                     backing:NSBackingStoreBuffered
+                                                       defer:NO];
+    [window setLevel:level];
+    return reinterpret_cast<std::uintptr_t>([window contentView]);
+}
+
+void releaseWindow(std::uintptr_t view) {
+    [[reinterpret_cast<NSView *>(view) window] release];
 }
 
 }  // namespace pimloft::test::mac

@@ -19,8 +19,8 @@ void noteRead(const std::string &what) {
         ++board().changes;
 }
 
-void put(NSString *type, std::string bytes) {
-    note("set " + cppString(type) + " " + std::to_string(bytes.size()) + " bytes");
+void put(const std::string &what, NSString *type, std::string bytes) {
+    note("set " + what + ' ' + cppString(type) + " " + std::to_string(bytes.size()) + " bytes");
     board().types.emplace_back(cppString(type), std::move(bytes));
 }
 
@@ -98,12 +98,12 @@ NSPasteboardReadingOptionKey const NSPasteboardURLReadingFileURLsOnlyKey =
         complain("setString: nothing");
         return NO;
     }
-    put(type, cppString(text));
+    put("text", type, cppString(text));
     return YES;
 }
 
 - (BOOL)setData:(NSData *)data forType:(NSPasteboardType)type {
-    put(type, std::string(static_cast<const char *>([data bytes]), [data length]));
+    put("data", type, std::string(static_cast<const char *>([data bytes]), [data length]));
     return YES;
 }
 

@@ -144,7 +144,10 @@ typedef enum : NSInteger {
 - (NSDictionary *)deviceDescription;
 @end
 
+@class NSWindow;
+
 @interface NSView : NSObject
+- (NSWindow *)window;
 - (void)addSubview:(NSView *)view;
 - (void)removeFromSuperview;
 @end
