@@ -13,46 +13,42 @@ namespace pimloft {
 
 namespace {
 
-/// Handlers of the process's end can be given nothing but globals.
-std::function<void()> atEnd;
+/// A message handler can be given nothing but globals.
+std::function<void()> whenQtNotices;
 QtMessageHandler before;
 
-void leaveAtEnd() {
-    if (atEnd)
-        atEnd();
-}
-
-void complain(QtMsgType type, const QMessageLogContext &context, const QString &text) {
-    // The end of a login is nothing to report.
-    if (!text.startsWith(QLatin1String("The X11 connection broke")))
+/// What Qt says right before it exits is the last moment at which all of the program is still there: handlers
+/// of the exit itself come when half of it has been torn down.
+void hear(QtMsgType type, const QMessageLogContext &context, const QString &text) {
+    if (whenQtNotices && text.startsWith(QLatin1String("The X11 connection broke")))
+        whenQtNotices();
+    else
         before(type, context, text);
 }
 
 }  // namespace
 
 X11End::X11End(X11Session &session, std::function<void()> save) : session_(session), save_(std::move(save)) {
-    // Whoever notices first: this connection, or Qt on its own, which then exits.
     session_.onLost = [this] { leave(); };
-    static const int registered = std::atexit(leaveAtEnd);
-    if (registered == 0)
-        atEnd = [this] { leave(); };
-    before = qInstallMessageHandler(complain);
+    whenQtNotices = [this] { leave(); };
+    before = qInstallMessageHandler(hear);
 }
 
 X11End::~X11End() {
     qInstallMessageHandler(before);
-    atEnd = nullptr;
+    whenQtNotices = nullptr;
     session_.onLost = nullptr;
 }
 
 void X11End::leave() {
-    if (const auto save = std::exchange(save_, nullptr)) {
-        save();
-        std::fflush(nullptr);
-        // Nothing may be torn down: what is below on the stack uses it, and what belongs to windows has no
-        // server.
-        std::_Exit(EXIT_SUCCESS);
-    }
+    const auto save = std::exchange(save_, nullptr);
+    if (!save)
+        return;
+    save();
+    std::fflush(nullptr);
+    // Nothing may be torn down: what is below on the stack uses it, and what belongs to windows has no
+    // server.
+    std::_Exit(EXIT_SUCCESS);
 }
 
 }  // namespace pimloft
