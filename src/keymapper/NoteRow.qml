@@ -20,7 +20,6 @@ RowLayout {
     Layout.bottomMargin: Theme.unit * 3
     spacing: Theme.unit * 3
     Accessible.role: Accessible.StaticText
-    Accessible.focusable: false
     Accessible.name: qsTr("%1: %2").arg(title).arg(text)
 
     Item {

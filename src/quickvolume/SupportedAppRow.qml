@@ -13,7 +13,6 @@ LeadingText {
     textFont: Theme.callout
     speaksForText: true
     Accessible.role: Accessible.StaticText
-    Accessible.focusable: false
     Accessible.name: qsTr("%1: %2").arg(name).arg(feature)
 
     Label {

@@ -34,12 +34,20 @@ QRectF anchor() {
     return {screen.width() - 100, screen.height() - 24, 22, 22};
 }
 
+/// A sheet has something to press; a tooltip only says something, and hides nothing.
+bool hasButtons(const QQuickItem *layer) {
+    for (const QQuickItem *child : layer->childItems())
+        if (child->inherits("QQuickAbstractButton") || hasButtons(child))
+            return true;
+    return false;
+}
+
 }  // namespace
 
 QQuickItem *topmost(QQuickWindow &window) {
     const QList<QQuickItem *> layers = window.contentItem()->childItems();
     for (QQuickItem *layer : layers)
-        if (layer->inherits("QQuickOverlay") && layer->isVisible())
+        if (layer->inherits("QQuickOverlay") && layer->isVisible() && hasButtons(layer))
             return layer;
     return window.contentItem();
 }

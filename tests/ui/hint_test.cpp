@@ -30,8 +30,10 @@ protected:
     }
     void leavePage() { settings.select(0); }
     static bool isShown() {
-        return test::texts(test::topmost(*test::shownWindow())) ==
-               QStringList{QStringLiteral("Remove Bitwarden")};
+        for (QQuickItem *layer : test::shownWindow()->contentItem()->childItems())
+            if (layer->inherits("QQuickOverlay"))
+                return test::texts(layer) == QStringList{QStringLiteral("Remove Bitwarden")};
+        return false;
     }
     /// What has been taken away stays in memory meanwhile, as it does while a loop runs within the loop.
     static bool comesUp() {

@@ -51,7 +51,8 @@ TEST_F(Popover, nothingExistsBeforeItIsOpened) {
 
 TEST_F(Popover, saysThis) {
     open();
-    EXPECT_EQ(spoken(), "heading: Pimloft\n"
+    EXPECT_EQ(spoken(), "window: Pimloft\n"
+                        "heading: Pimloft\n"
                         "button: Open Settings\n"
                         "switch: WindowSnap, enabled [on]\n"
                         "switch: ClipboardPlus, enabled [on]\n"

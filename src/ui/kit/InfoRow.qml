@@ -11,7 +11,6 @@ LeadingText {
 
     speaksForText: true
     Accessible.role: Accessible.StaticText
-    Accessible.focusable: false
     Accessible.name: qsTr("%1: %2").arg(label).arg(value)
 
     Label {

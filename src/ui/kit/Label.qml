@@ -16,6 +16,5 @@ Text {
     verticalAlignment: Text.AlignVCenter
     Accessible.role: Accessible.StaticText
     Accessible.name: text
-    Accessible.focusable: false
     Accessible.ignored: silent
 }

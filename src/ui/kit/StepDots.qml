@@ -11,7 +11,6 @@ Row {
 
     spacing: Theme.unit * 2
     Accessible.role: Accessible.StaticText
-    Accessible.focusable: false
     Accessible.name: qsTr("Step %1 of %2").arg(current + 1).arg(count)
 
     Repeater {
