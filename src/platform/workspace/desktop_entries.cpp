@@ -77,7 +77,18 @@ bool comesFirst(const DesktopEntry &a, const DesktopEntry &b) {
     return a.id < b.id;
 }
 
+/// What GIO reads files with talks to the session bus, by a connection that would end the process with the
+/// bus. Our reference is kept, as the setting goes with the connection.
+void outliveTheBus() {
+    // They also complain of it, where nobody can do anything about it.
+    g_log_set_handler(
+        "GVFS", G_LOG_LEVEL_WARNING, [](auto...) {}, nullptr);
+    if (GDBusConnection *bus = g_bus_get_sync(G_BUS_TYPE_SESSION, nullptr, nullptr))
+        g_dbus_connection_set_exit_on_close(bus, false);
+}
+
 std::vector<DesktopEntry> installedEntries() {
+    outliveTheBus();
     std::vector<DesktopEntry> entries;
     GList *all = g_app_info_get_all();
     for (GList *each = all; each; each = each->next)

@@ -3,7 +3,6 @@
 #include "desktop/faults/fault_desk.h"
 #include "desktop/support/first_run.h"
 
-#include <QDir>
 #include <QFile>
 
 #include <csignal>
@@ -63,11 +62,14 @@ protected:
         // It is to be told by the write, as on a disk that is full, and not by a signal.
         std::signal(SIGXFSZ, SIG_IGN);
         // The limit also holds for memory that is shared with a sound server, as no disk does.
-        const QString folder = session().home() + QStringLiteral("/config/pulse");
-        QDir().mkpath(folder);
-        QFile client(folder + QStringLiteral("/client.conf"));
-        ASSERT_TRUE(client.open(QIODevice::WriteOnly) && client.write("enable-shm = no\n") > 0);
+        QFile client(pulseClient());
+        ASSERT_TRUE(client.open(QIODevice::WriteOnly) &&
+                    client.write("enable-shm = no\nautospawn = no\n") > 0);
     }
+    void startWithoutSharedMemory() {
+        startEverything({{QStringLiteral("PULSE_CLIENTCONFIG"), pulseClient()}});
+    }
+    QString pulseClient() { return session().home() + QStringLiteral("/pulse-client.conf"); }
     /// No file of the running program grows beyond that any more.
     void limit(rlim_t bytes) {
         const rlimit limit{bytes, RLIM_INFINITY};
@@ -76,9 +78,9 @@ protected:
 };
 
 TEST_F(FullDisk, costsNothingThatIsInMemoryAndIsMadeUpForWhenThereIsRoomAgain) {
-    startEverything();
+    startWithoutSharedMemory();
     copyText("before");
-    const QByteArray large(5000, 'x');
+    const QByteArray large = QByteArray("words and ").repeated(500) + "words";
     limit(4096);
     copyUnrecorded(large);
     EXPECT_THAT(said(), ElementsAre(StartsWith(failed)));
@@ -95,7 +97,7 @@ TEST_F(FullDisk, costsNothingThatIsInMemoryAndIsMadeUpForWhenThereIsRoomAgain) {
 }
 
 TEST_F(FullDisk, leavesTheSettingsOnItAndThoseInUse) {
-    startEverything();
+    startWithoutSharedMemory();
     limit(16);
     flipSnapping();
     const xcb_window_t window = openWindow(Client::qt, QStringLiteral("Left alone"));
