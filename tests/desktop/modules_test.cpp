@@ -194,7 +194,7 @@ protected:
             return std::nullopt;
         };
         ASSERT_TRUE(waitUntil([&] { return tab().has_value(); }, 15000));
-        reader->act(*tab());
+        reader->press(*tab());
         ASSERT_TRUE(waitUntil([this] { return shown() != "nothing"; }));
     }
     std::vector<Spoken> heard() {

@@ -48,7 +48,7 @@ protected:
         const auto found =
             std::find_if(all.begin(), all.end(), [&](const Spoken &each) { return each.name == name; });
         ASSERT_NE(found, all.end()) << name.toStdString() << " is not in\n" << text(window);
-        reader->act(*found);
+        reader->press(*found);
     }
     /// Nobody can use what has no name.
     void expectThatEverythingHasAName(const QString &window) {

@@ -18,6 +18,7 @@ Item {
     implicitHeight: Theme.controlHeight + Theme.unit
     Accessible.role: Accessible.PageTab
     Accessible.name: text
+    Accessible.focusable: false
     Accessible.selectable: true
     Accessible.selected: selected
     Accessible.onPressAction: clicked()

@@ -73,10 +73,20 @@ QStringList ScreenReader::windows(const QString &program) const {
     return names;
 }
 
-void ScreenReader::act(const Spoken &thing) const {
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        thing.service, thing.path, QStringLiteral("org.a11y.atspi.Action"), QStringLiteral("DoAction"));
-    bus_.call(message << 0);
+void ScreenReader::press(const Spoken &thing) const {
+    const QString actions = QStringLiteral("org.a11y.atspi.Action");
+    const auto ask = [&](const char *method, int index) {
+        return bus_.call(
+            QDBusMessage::createMethodCall(thing.service, thing.path, actions, QString::fromLatin1(method))
+            << index);
+    };
+    // What can have the keyboard offers that first.
+    for (int index = 0; index < 5; ++index)
+        if (ask("GetName", index).arguments().value(0).toString() == QLatin1String("Press")) {
+            ask("DoAction", index);
+            return;
+        }
+    qWarning("%s cannot be pressed", qPrintable(thing.name));
 }
 
 std::vector<Spoken> ScreenReader::topLevels(const QString &program) const {

@@ -49,8 +49,8 @@ public:
     std::vector<Spoken> window(const QString &program, const QString &title) const;
     /// The names of a program's top level windows.
     QStringList windows(const QString &program) const;
-    /// Does the first action that it offers, as pressing it would.
-    void act(const Spoken &thing) const;
+    /// Presses it, and warns when it does not offer that.
+    void press(const Spoken &thing) const;
 
 private:
     std::vector<Spoken> topLevels(const QString &program) const;
