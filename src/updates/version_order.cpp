@@ -16,10 +16,6 @@ bool isDigit(uint character) {
     return character >= '0' && character <= '9';
 }
 
-bool startsWithDigit(Characters text) {
-    return !text.empty() && isDigit(text.front());
-}
-
 /// Takes the digits off the front of `text`; answers them without the zeros that do not count.
 Characters takeNumber(Characters &text) {
     const auto end = std::find_if_not(text.begin(), text.end(), isDigit);
@@ -47,7 +43,7 @@ std::weak_ordering compareVersions(QStringView a, QStringView b) {
     Characters restOfRight(right);
     while (!restOfLeft.empty() && !restOfRight.empty()) {
         std::weak_ordering order = std::weak_ordering::equivalent;
-        if (startsWithDigit(restOfLeft) && startsWithDigit(restOfRight)) {
+        if (isDigit(restOfLeft.front()) && isDigit(restOfRight.front())) {
             order = compareNumbers(takeNumber(restOfLeft), takeNumber(restOfRight));
         } else {
             order = restOfLeft.front() <=> restOfRight.front();

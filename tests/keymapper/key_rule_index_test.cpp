@@ -64,6 +64,22 @@ private:
     std::mt19937 random_;
 };
 
+TEST(KeyRuleIndex, takesTheEarlierOfTwoRulesThatComeAfterExcludedOnes) {
+    const auto rule = [](KeyFlags modifiers, std::uint16_t to, const QStringList &excludedApps) {
+        return KeyMapping{.fromKeyCode = KeyCode(9),
+                          .fromModifiers = modifiers,
+                          .toKeyCode = KeyCode(to),
+                          .excludedApps = excludedApps};
+    };
+    const QStringList a{QStringLiteral("a")};
+    const KeyMappings rules{rule({}, 1, a), rule(KeyFlags::shift, 2, a), rule({}, 3, {}),
+                            rule(KeyFlags::shift, 4, {})};
+    const KeyRuleIndex index(rules);
+    const auto *found = index.find(KeyCode(9), KeyFlags::shift, "a");
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->toKeyCode, KeyCode(3));
+}
+
 TEST(KeyRuleIndex, findsWhatWalkingTheRulesFinds) {
     const auto seed = unsigned(std::chrono::system_clock::now().time_since_epoch().count());
     SCOPED_TRACE("seed " + std::to_string(seed));

@@ -98,6 +98,10 @@ TEST(SnapZone, aDisplayOnTheRightDisablesTheRightEdgeAndItsCornersOnly) {
     EXPECT_EQ(detectAmong({0, 1080}, both), SnapZone::topLeft);
 }
 
+TEST(SnapZone, aDisplayOnTheRightLeavesTheBottomLeftCorner) {
+    EXPECT_EQ(detectAmong({0, 1}, {primary, display(2, {1920, 0, 1280, 1024})}), SnapZone::bottomLeft);
+}
+
 TEST(SnapZone, aSharedEdgeIsDisabledAlongAllOfItsLength) {
     // The other display is only 100 points high, far from the cursor.
     EXPECT_EQ(detectAmong({1919, 1000}, {primary, display(2, {1920, 0, 100, 100})}), none);
@@ -126,6 +130,9 @@ TEST(SnapZone, displaysThatMeetInACornerOnlyShareNoEdge) {
     EXPECT_EQ(detectAmong({1919, 1079}, diagonal), SnapZone::topRight);
     EXPECT_EQ(detectAmong({1919, 540}, diagonal), SnapZone::right);
     EXPECT_EQ(detectAmong({960, 1080}, diagonal), SnapZone::top);
+    const std::vector otherDiagonal{primary, display(2, {-1280, -1024, 1280, 1024})};
+    EXPECT_EQ(detectAmong({0, 1}, otherDiagonal), SnapZone::bottomLeft);
+    EXPECT_EQ(detectAmong({0, 540}, otherDiagonal), SnapZone::left);
 }
 
 TEST(SnapZone, anyDisplayOfTheListCanShareTheEdge) {

@@ -51,6 +51,7 @@ const Case cases[] = {
      {{.left = {50, 0, 999}, .top = {30, 0, 1599}}},
      "50,30 1550 x 970"},
     {"a bar above the other monitor costs nothing", left, {{.top = {40, 800, 1599}}}, "0,0 800 x 1000"},
+    {"a bar below the other monitor costs nothing", left, {{.bottom = {40, 800, 1599}}}, "0,0 800 x 1000"},
     {"a bar above this monitor", right, {{.top = {40, 800, 1599}}}, "800,40 800 x 960"},
     {"a stretch that ends one pixel short of the monitor",
      right,
@@ -123,6 +124,12 @@ TEST(Strut, isNothingWhereAListIsShortOrReservesNothing) {
     EXPECT_FALSE(parseStrut({30, 0, 0}, {30, 0, 0}, root));
     EXPECT_FALSE(parseStrut({0, 0, 0, 0, 0, 999, 0, 999, 0, 1599, 0, 1599}, {}, root));
     EXPECT_TRUE(parseStrut({30, 0}, {30, 0, 0, 0}, root)) << "the complete list counts";
+}
+
+TEST(Strut, mayReserveOneEdgeOnly) {
+    for (const std::vector<std::uint32_t> &edge :
+         {std::vector<std::uint32_t>{9, 0, 0, 0}, {0, 9, 0, 0}, {0, 0, 9, 0}, {0, 0, 0, 9}})
+        EXPECT_TRUE(parseStrut({}, edge, root));
 }
 
 }  // namespace

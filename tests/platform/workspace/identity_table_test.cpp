@@ -271,6 +271,7 @@ INSTANTIATE_TEST_SUITE_P(
         Role{"io.github.celluloid_player.Celluloid", "GTK;AudioVideo;Video;Player;", "video/mp4;",
              "io.github.celluloid_player.Celluloid, control"},
         Role{"smplayer", "Qt;AudioVideo;Video;Audio;Player;", "", "smplayer, control"},
+        Role{"radio-tray", "AudioVideo;Audio;Player;WebBrowser;", "", "radio-tray, control"},
         Role{"pavucontrol", "AudioVideo;Audio;Mixer;GTK;", "", "pavucontrol, control"},
         Role{"audacity", "AudioVideo;Audio;AudioVideoEditing;", "", "audacity, control"},
         Role{"code", "TextEditor;Development;IDE;", "text/plain;inode/directory;", "code, control"},
