@@ -24,8 +24,9 @@ struct FigureName {
     /// holds a little more or less of at any moment, without a leak.
     double slack;
 };
-/// Slack: a decoded picture and the allocator's spare pages come to a few megabytes; a socket, a window or a
-/// thread can be on its way at the moment of a sample.
+/// Slack: a decoded picture and the allocator's spare pages come to a few megabytes; a socket or a thread can
+/// be on its way at the moment of a sample; some windows of readings that were broken off wait for late
+/// answers.
 inline constexpr std::array<FigureName, 12> figureNames{{
     {"resident memory", "MB", 8},
     {"proportional memory", "MB", 8},
@@ -35,9 +36,9 @@ inline constexpr std::array<FigureName, 12> figureNames{{
     {"guard's open handles", "", 1},
     {"threads", "", 2},
     {"child processes", "", 1},
-    {"X windows", "", 3},
+    {"X windows", "", 8},
     {"X pixmaps", "", 3},
-    {"X resources in all", "", 12},
+    {"X resources in all", "", 16},
     {"X pixmaps' memory", "MB", 2},
 }};
 
