@@ -8,7 +8,7 @@ namespace pimloft::test {
 
 namespace {
 
-constexpr int largeText = 2'000'000;
+const QByteArray largeText = QByteArray("a line of a large text, as logs have them\n").repeated(50'000);
 
 void offer(SoakDesk &desk, const char *target, const QByteArray &content) {
     desk.copy(QStringLiteral("xclip"),
@@ -55,7 +55,7 @@ void copyNumber(SoakDesk &desk, int number) {
         return offer(desk, "text/uri-list", "file:///tmp/paper%20" + QByteArray::number(number) + "\r\n");
     case 5:
         // Nothing that the popup finds: no editor takes so much in at once.
-        return offer(desk, "UTF8_STRING", QByteArray::number(number) + QByteArray(largeText, 'x'));
+        return offer(desk, "UTF8_STRING", QByteArray::number(number) + largeText);
     case 6:
         return copyFromAnEditor(desk, desk.editor, number);
     case 7:
