@@ -142,8 +142,8 @@ TEST_F(MacPasteboardTest, clearsAndWritesEachTypeUnderItsName) {
 TEST_F(MacPasteboardTest, marksASecretForOtherPrograms) {
     pasteboard_.write({{PasteType::plainText, "password"}, {PasteType::secretMark, {}}});
     EXPECT_EQ(log(), "clear\n"
-                     "set public.utf8-plain-text 8 bytes\n"
-                     "set org.nspasteboard.ConcealedType 0 bytes\n");
+                     "set text public.utf8-plain-text 8 bytes\n"
+                     "set data org.nspasteboard.ConcealedType 0 bytes\n");
 }
 
 TEST_F(MacPasteboardTest, writesFilesAsLinks) {
