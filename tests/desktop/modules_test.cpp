@@ -79,8 +79,9 @@ protected:
     /// Shortcuts stay the program's until it ends, so what counts is that they do nothing.
     void expectThatNothingHappens() {
         EXPECT_TRUE(waitUntil([&] { return !remaps(); })) << "keys are still remapped";
-        const xcb_window_t window = openWindow(Client::qt, QStringLiteral("Left alone"));
-        const QRect frame = desktop().visibleFrame(window);
+        const QRect frame(300, 250, 640, 400);
+        const xcb_window_t window = openWindow(Client::qt, QStringLiteral("Left alone"), frame);
+        expectFrame(window, frame);
         press(KEY_LEFT);
         hands().chord({KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_V});
         letPimloftCatchUp();

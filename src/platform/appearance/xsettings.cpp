@@ -9,7 +9,7 @@ namespace pimloft {
 
 namespace {
 
-enum SettingType : quint8 { integer = 0, text = 1, colour = 2 };
+enum class XSetting : quint8 { integer = 0, text = 1, colour = 2 };
 
 /// Texts are filled up to a multiple of four bytes.
 QByteArray readPadded(QDataStream &stream, quint32 length) {
@@ -24,18 +24,18 @@ QByteArray readPadded(QDataStream &stream, quint32 length) {
     return bytes;
 }
 
-QVariant readValue(QDataStream &stream, quint8 type) {
-    if (type == integer) {
+QVariant readValue(QDataStream &stream, XSetting type) {
+    if (type == XSetting::integer) {
         qint32 value = 0;
         stream >> value;
         return value;
     }
-    if (type == text) {
+    if (type == XSetting::text) {
         quint32 length = 0;
         stream >> length;
         return QString::fromUtf8(readPadded(stream, length));
     }
-    if (type != colour || stream.skipRawData(8) != 8)
+    if (type != XSetting::colour || stream.skipRawData(8) != 8)
         stream.setStatus(QDataStream::ReadCorruptData);
     return {};
 }
@@ -59,7 +59,7 @@ QVariantMap parseXSettings(const QByteArray &bytes) {
         stream >> type >> unused >> length;
         const QString name = QString::fromUtf8(readPadded(stream, length));
         stream >> serial;
-        const QVariant value = readValue(stream, type);
+        const QVariant value = readValue(stream, XSetting(type));
         if (stream.status() != QDataStream::Ok)
             break;
         if (value.isValid())
