@@ -92,6 +92,15 @@ void FaultDesk::openPanel() {
     EXPECT_TRUE(waitUntil([this] { return panelFrame().has_value(); }));
 }
 
+void FaultDesk::expectThatPanelsOpenAndClose() {
+    openPopup();
+    hands().tap(KEY_ESC);
+    EXPECT_TRUE(waitUntil([this] { return !isPopupOpen(); }));
+    openPanel();
+    hands().tap(KEY_ESC);
+    EXPECT_TRUE(waitUntil([this] { return !panelFrame(); }));
+}
+
 QStringList FaultDesk::dataFiles() {
     return QDir(dataFolder()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
 }

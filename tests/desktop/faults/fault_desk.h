@@ -25,6 +25,8 @@ protected:
 
     /// Opens Pimloft's panel with the switches.
     void openPanel();
+    /// Opens and closes the popup, and then the panel.
+    void expectThatPanelsOpenAndClose();
     /// What is in the folder with the history; the rule's file always is.
     QStringList dataFiles();
     QString dataFolder() { return session().home() + QStringLiteral("/data/Pimloft"); }

@@ -71,12 +71,7 @@ TEST_F(LostBus, costsNothingThatNeedsNone) {
     copyText("without a bus");
     session().startBus();
     copyText("with another bus");
-    openPopup();
-    hands().tap(KEY_ESC);
-    EXPECT_TRUE(waitUntil([this] { return !isPopupOpen(); }));
-    openPanel();
-    hands().tap(KEY_ESC);
-    EXPECT_TRUE(waitUntil([this] { return !panelFrame(); }));
+    expectThatPanelsOpenAndClose();
     expectRemapping();
 }
 
@@ -99,14 +94,6 @@ protected:
     void crash() {
         stop();
         ASSERT_TRUE(waitUntil([this] { return !desktop().hasCompositor(); }));
-    }
-    void expectThatPanelsOpenAndClose() {
-        openPopup();
-        hands().tap(KEY_ESC);
-        EXPECT_TRUE(waitUntil([this] { return !isPopupOpen(); }));
-        openPanel();
-        hands().tap(KEY_ESC);
-        EXPECT_TRUE(waitUntil([this] { return !panelFrame(); }));
     }
 
 private:
