@@ -10,7 +10,6 @@
 namespace pimloft::test {
 namespace {
 
-constexpr std::uint16_t superShift = XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT;
 const QString welcome = QStringLiteral("Welcome to Pimloft");
 const QString news = QStringLiteral("What's New");
 const QString completed = QStringLiteral("pimloft.general.hasCompletedOnboarding");
@@ -77,8 +76,6 @@ protected:
     void expectStored(const QString &key, const QJsonValue &value) {
         EXPECT_TRUE(waitUntil([&] { return stored().value(key) == value; })) << key.toStdString();
     }
-    bool snaps() { return desktop().isKeyTaken(KEY_6, controlSuper); }
-    bool records() { return desktop().isKeyTaken(KEY_V, superShift); }
 };
 
 TEST_F(FirstRun, isOneWindowAboveAllOthersBesideTheTray) {

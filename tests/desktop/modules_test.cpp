@@ -13,8 +13,6 @@
 namespace pimloft::test {
 namespace {
 
-constexpr std::uint16_t superShift = XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT;
-
 /// The rows of the panel from its top.
 enum Row { windowSnap, clipboardPlus, finderFix, keyMapper, quickVolume };
 const QStringList ids = {QStringLiteral("windowsnap"), QStringLiteral("clipboardplus"),
@@ -49,8 +47,6 @@ protected:
             .toBool(true);
     }
 
-    bool snaps() { return desktop().isKeyTaken(KEY_6, controlSuper); }
-    bool records() { return desktop().isKeyTaken(KEY_V, superShift); }
     /// The keyboard is never remapped without its guard.
     bool remaps() {
         for (const QString &id : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {

@@ -69,7 +69,7 @@ TEST_F(Preferences, switchWindowSnappingOffAtOnceAndForTheNextStart) {
     pimloft().signal(SIGTERM);
     EXPECT_EQ(pimloft().waitForEnd(), 0);
     startPimloftWithoutShortcuts();
-    EXPECT_FALSE(desktop().isKeyTaken(KEY_6, controlSuper));
+    EXPECT_FALSE(snaps());
 }
 
 TEST_F(Preferences, areSetAsideWhenTheyAreDamaged) {

@@ -76,6 +76,7 @@ TEST_F(Tray, onTheBusOpensThePanelAtThePointer) {
     }
     tray.click(icon);
     ASSERT_TRUE(waitUntil([&] { return hasPanel(); }));
+    letPimloftCatchUp();
     hands().click({300, 700});
     EXPECT_TRUE(waitUntil([&] { return !hasPanel(); })) << "a click elsewhere does not close it";
 }

@@ -16,24 +16,6 @@ namespace {
 /// What the kernel's key numbers are in X.
 constexpr int kernelOffset = 8;
 
-struct Unref {
-    void operator()(xkb_context *context) const { xkb_context_unref(context); }
-    void operator()(xkb_keymap *keymap) const { xkb_keymap_unref(keymap); }
-};
-
-std::unique_ptr<xkb_keymap, Unref> serverKeymap(xcb_connection_t *connection) {
-    const std::unique_ptr<xkb_context, Unref> context(xkb_context_new(
-        static_cast<xkb_context_flags>(XKB_CONTEXT_NO_DEFAULT_INCLUDES | XKB_CONTEXT_NO_ENVIRONMENT_NAMES)));
-    if (!context || !xkb_x11_setup_xkb_extension(
-                        connection, XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
-                        XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, nullptr, nullptr))
-        return nullptr;
-    xkb_context_set_log_level(context.get(), XKB_LOG_LEVEL_CRITICAL);
-    return std::unique_ptr<xkb_keymap, Unref>(xkb_x11_keymap_new_from_device(
-        context.get(), connection, xkb_x11_get_core_keyboard_device_id(connection),
-        XKB_KEYMAP_COMPILE_NO_FLAGS));
-}
-
 }  // namespace
 
 /// Fills a map from the server's answers.
@@ -87,6 +69,24 @@ public:
     }
 
 private:
+    struct Unref {
+        void operator()(xkb_context *context) const { xkb_context_unref(context); }
+        void operator()(xkb_keymap *keymap) const { xkb_keymap_unref(keymap); }
+    };
+
+    static std::unique_ptr<xkb_keymap, Unref> serverKeymap(xcb_connection_t *connection) {
+        const std::unique_ptr<xkb_context, Unref> context(xkb_context_new(static_cast<xkb_context_flags>(
+            XKB_CONTEXT_NO_DEFAULT_INCLUDES | XKB_CONTEXT_NO_ENVIRONMENT_NAMES)));
+        if (!context || !xkb_x11_setup_xkb_extension(
+                            connection, XKB_X11_MIN_MAJOR_XKB_VERSION, XKB_X11_MIN_MINOR_XKB_VERSION,
+                            XKB_X11_SETUP_XKB_EXTENSION_NO_FLAGS, nullptr, nullptr, nullptr, nullptr))
+            return nullptr;
+        xkb_context_set_log_level(context.get(), XKB_LOG_LEVEL_CRITICAL);
+        return std::unique_ptr<xkb_keymap, Unref>(xkb_x11_keymap_new_from_device(
+            context.get(), connection, xkb_x11_get_core_keyboard_device_id(connection),
+            XKB_KEYMAP_COMPILE_NO_FLAGS));
+    }
+
     xcb_keycode_t keycode(const KeyPosition &position) const {
         const auto usual = xcb_keycode_t(position.kernel + kernelOffset);
         if (!keymap_)

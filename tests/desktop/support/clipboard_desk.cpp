@@ -12,8 +12,6 @@ namespace pimloft::test {
 
 namespace {
 
-constexpr std::uint16_t superShift = XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT;
-
 std::string summary(const QJsonObject &entry) {
     const QJsonObject content = entry.value(QStringLiteral("content")).toObject();
     const QString kind = content.keys().value(0);
@@ -39,7 +37,7 @@ ClipboardDesk::~ClipboardDesk() {
 void ClipboardDesk::startWatching() {
     startPimloft();
     EXPECT_TRUE(
-        waitUntil([this] { return desktop().isKeyTaken(KEY_V, superShift | XCB_MOD_MASK_CONTROL); }, 10000));
+        waitUntil([this] { return desktop().isKeyTaken(KEY_V, controlSuper | XCB_MOD_MASK_SHIFT); }, 10000));
 }
 
 std::vector<std::string> ClipboardDesk::history() {

@@ -46,6 +46,10 @@ protected:
     /// Lets go, and returns when the window manager has finished the move: until then it takes key presses.
     void drop();
 
+    /// Whether window snapping is on, and whether the clipboard's history is: by their hotkeys.
+    bool snaps() { return desktop().isKeyTaken(KEY_6, controlSuper); }
+    bool records() { return desktop().isKeyTaken(KEY_V, XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT); }
+
     /// Whether the overlay is there and nowhere else.
     bool overlayIs(const QRect &frame);
     bool noOverlay() { return desktop().unmanagedWindows(QStringLiteral("pimloft")).empty(); }

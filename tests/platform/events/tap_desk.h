@@ -14,6 +14,8 @@
 
 namespace pimloft::test {
 
+inline constexpr KeyCode codeOfB{11};
+
 /// A tap in this process, a window in front, and the user's hands.
 struct TapDesk : testing::Test {
     X11Session session;

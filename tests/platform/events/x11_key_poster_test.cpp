@@ -9,10 +9,10 @@
 
 #include <gtest/gtest.h>
 
-using namespace pimloft;
-using namespace pimloft::test;
-
+namespace pimloft {
 namespace {
+
+using namespace test;
 
 struct KeyPosterTest : testing::Test {
     X11Session session;
@@ -48,8 +48,6 @@ struct KeyPosterTest : testing::Test {
         EXPECT_TRUE(waitUntil([&] { return hands.keysDownOnXTest().isEmpty(); }));
     }
 };
-
-}  // namespace
 
 TEST_F(KeyPosterTest, commandAndAKeyIsThePlatformsOwnShortcut) {
     poster.post(Key::v, KeyFlags::command);
@@ -187,3 +185,6 @@ TEST(KeyPoster, withoutXTestNothingHappens) {
     session.roundTrip();
     EXPECT_TRUE(session.isConnected());
 }
+
+}  // namespace
+}  // namespace pimloft

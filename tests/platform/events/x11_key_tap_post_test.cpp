@@ -8,8 +8,6 @@ namespace {
 
 using namespace test;
 
-constexpr KeyCode codeOfB{11};
-
 struct X11KeyTapPostTest : TapDesk {
     X11Hotkeys hotkeys{session, keyboard, input};
 };

@@ -11,7 +11,6 @@ namespace {
 
 using namespace test;
 
-constexpr KeyCode codeOfB{11};
 constexpr KeyCode codeOfTab{48};
 
 struct X11KeyTapTest : TapDesk {

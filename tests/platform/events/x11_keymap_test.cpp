@@ -9,8 +9,10 @@
 
 #include <set>
 
-using namespace pimloft;
-using namespace pimloft::test;
+namespace pimloft {
+namespace {
+
+using namespace test;
 
 TEST(KeyPositions, standInTheOrderOfTheKeyCodesWithoutDoubles) {
     for (std::size_t i = 1; i < keyPositions.size(); ++i)
@@ -92,3 +94,6 @@ TEST(X11Keymap, withoutADisplayItIsTheUsualMapOfAPc) {
     EXPECT_EQ(map.keycode(Key::v), KEY_V + 8);
     EXPECT_EQ(map.mask(CarbonModifiers::command), XCB_MOD_MASK_4);
 }
+
+}  // namespace
+}  // namespace pimloft

@@ -12,10 +12,10 @@
 
 #include <optional>
 
-using namespace pimloft;
-using namespace pimloft::test;
-
+namespace pimloft {
 namespace {
+
+using namespace test;
 
 /// A watch on the test's server, and what it reported.
 struct MouseWatchTest : testing::Test {
@@ -84,8 +84,6 @@ void settle(X11Session &session) {
         &session, [&] { turned = true; }, Qt::QueuedConnection);
     ASSERT_TRUE(waitUntil([&] { return turned; }));
 }
-
-}  // namespace
 
 TEST_F(MouseWatchTest, aPressWithoutMotionIsADownAndAnUpAtThePointer) {
     hands.leftDown();
@@ -301,3 +299,6 @@ TEST(MouseWatch, withoutADisplayItIsRefused) {
     X11MouseWatch watch(input, displays);
     EXPECT_FALSE(watch.install([](const MouseEvent &) {}));
 }
+
+}  // namespace
+}  // namespace pimloft

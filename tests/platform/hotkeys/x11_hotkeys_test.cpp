@@ -6,10 +6,10 @@
 
 #include <gtest/gtest.h>
 
-using namespace pimloft;
-using namespace pimloft::test;
-
+namespace pimloft {
 namespace {
+
+using namespace test;
 
 constexpr CarbonModifiers commandShift = CarbonModifiers::command | CarbonModifiers::shift;
 constexpr CarbonModifiers controlCommand = CarbonModifiers::control | CarbonModifiers::command;
@@ -62,8 +62,6 @@ struct HotkeysTest : testing::Test {
 constexpr xcb_keycode_t code(int key) {
     return xcb_keycode_t(key + 8);
 }
-
-}  // namespace
 
 TEST_F(HotkeysTest, aPressIsReportedAndDoesNotReachTheProgramInFront) {
     EXPECT_TRUE(hotkeys.grant(Key::v, commandShift, HotkeyId{7}));
@@ -243,3 +241,6 @@ TEST_F(HotkeysTest, aPressThatComesToAWindowOfOursCountsWhileTheWindowHoldsTheKe
     EXPECT_FALSE(hotkeys.takePress(event(KEY_V, 0, 1300)));
     EXPECT_EQ(report(), QStringLiteral("1"));
 }
+
+}  // namespace
+}  // namespace pimloft

@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "panel_desktop.h"
 
-using namespace pimloft;
-using namespace pimloft::test;
-
+namespace pimloft {
 namespace {
+
+using namespace test;
 
 struct OverlayTest : PanelDesktop {
     std::unique_ptr<Panel> overlay = make(PanelKind::overlay);
 };
-
-}  // namespace
 
 TEST_F(OverlayTest, standsExactlyWhereItIsPut) {
     for (const QRect native : {QRect(101, 57, 333, 221), QRect(0, 0, 800, 1000), QRect(1599, 999, 1, 1)}) {
@@ -155,3 +153,6 @@ TEST_F(OverlayTest, keepsUpWithAGlide) {
         }));
     }
 }
+
+}  // namespace
+}  // namespace pimloft

@@ -4,10 +4,10 @@
 
 #include <QGuiApplication>
 
-using namespace pimloft;
-using namespace pimloft::test;
-
+namespace pimloft {
 namespace {
+
+using namespace test;
 
 /// Read by Qt when the application is made.
 [[maybe_unused]] const bool scaled = qputenv("QT_SCALE_FACTOR", "2");
@@ -27,8 +27,6 @@ struct TwoMonitors {
 
 /// The monitors stand before the services ask for them.
 struct PanelsAtScaleTwo : TwoMonitors, PanelDesktop {};
-
-}  // namespace
 
 TEST_F(PanelsAtScaleTwo, theTestDesktopIsAsItSays) {
     EXPECT_EQ(qGuiApp->devicePixelRatio(), 2);
@@ -98,3 +96,6 @@ TEST_F(PanelsAtScaleTwo, aPopupHasItsSizeInPointsAndKnowsAClickInsideFromOneOuts
     EXPECT_TRUE(waitUntil([&] { return dismissals == std::vector{Dismissal::outsideClick}; }));
     popup->orderOut();
 }
+
+}  // namespace
+}  // namespace pimloft

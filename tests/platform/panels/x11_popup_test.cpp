@@ -6,10 +6,10 @@
 #include <QElapsedTimer>
 #include <QGuiApplication>
 
-using namespace pimloft;
-using namespace pimloft::test;
-
+namespace pimloft {
 namespace {
+
+using namespace test;
 
 constexpr QRect place(400, 400, 340, 300);
 constexpr CarbonModifiers commandShift = CarbonModifiers::command | CarbonModifiers::shift;
@@ -64,8 +64,6 @@ struct PopupTest : PanelDesktop {
         return taken;
     }
 };
-
-}  // namespace
 
 TEST_F(PopupTest, isTypedIntoWhileTheOtherProgramStaysActive) {
     const xcb_window_t active = activeWindow.current();
@@ -319,3 +317,6 @@ TEST_F(PopupTest, withoutACompositorItIsThereOrNot) {
     popup->setOpacity(0.5);
     EXPECT_TRUE(waitUntil([&] { return shape(*popup) == QStringLiteral("340x300+0+0"); }));
 }
+
+}  // namespace
+}  // namespace pimloft

@@ -2,10 +2,10 @@
 // What a popup makes of a window manager's doings.
 #include "panel_desktop.h"
 
-using namespace pimloft;
-using namespace pimloft::test;
-
+namespace pimloft {
 namespace {
+
+using namespace test;
 
 constexpr QRect place(400, 400, 340, 300);
 
@@ -22,8 +22,6 @@ struct ManagedPopupTest : PanelDesktop {
         EXPECT_TRUE(waitUntil([&] { return content->isExposed(); }));
     }
 };
-
-}  // namespace
 
 TEST_F(ManagedPopupTest, leavesTheActiveWindowActive) {
     const xcb_window_t active = activeWindow.current();
@@ -72,3 +70,6 @@ TEST_F(ManagedPopupTest, theWindowManagersShortcutsDoNotActWhileItIsTypedInto) {
     settle();
     EXPECT_TRUE(sink.isActive());
 }
+
+}  // namespace
+}  // namespace pimloft

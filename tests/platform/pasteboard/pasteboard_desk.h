@@ -72,31 +72,35 @@ protected:
         return test::waitUntil([&] { return pasteboard_.changeCount() == count; });
     }
 
-    /// Qt copies and pastes at the time of the last event that it has seen, which must not be before the last
-    /// copy. Counts as one copy.
-    void letQtSeeACopy() {
+    /// Returns when another program's copy has been noticed, also by Qt: it copies and pastes at the time of
+    /// the last event that it has seen, and the server refuses what is older than the last copy.
+    void awaitCopy(const std::function<void()> &copy) {
         bool isSeen = false;
         const qint64 before = pasteboard_.changeCount();
         const auto seen = QObject::connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, &context_,
                                            [&isSeen] { isSeen = true; });
-        test::Requestor other;
-        other.own();
-        EXPECT_TRUE(test::waitUntil([&] { return isSeen && pasteboard_.changeCount() > before; }));
+        copy();
+        EXPECT_TRUE(test::waitUntil([&] { return isSeen && pasteboard_.changeCount() > before; }))
+            << "nothing is copied";
         QObject::disconnect(seen);
+    }
+    /// Counts as one copy.
+    void letQtSeeACopy() {
+        awaitCopy([this] { firstOwner_.own(); });
     }
 
     /// Another program copies. It ends with the answer, or when somebody else copies.
     Program copy(const QString &program, const QStringList &arguments, const QByteArray &input = {}) {
-        const qint64 before = pasteboard_.changeCount();
-        Program process(test::currentSession().start(program, arguments).release());
-        if (!input.isEmpty()) {
-            process->write(input);
-            while (process->bytesToWrite() > 0)
-                process->waitForBytesWritten();
-        }
-        process->closeWriteChannel();
-        EXPECT_TRUE(test::waitUntil([&] { return pasteboard_.changeCount() > before; }))
-            << "nothing is copied";
+        Program process;
+        awaitCopy([&] {
+            process.reset(test::currentSession().start(program, arguments).release());
+            if (!input.isEmpty()) {
+                process->write(input);
+                while (process->bytesToWrite() > 0)
+                    process->waitForBytesWritten();
+            }
+            process->closeWriteChannel();
+        });
         return process;
     }
     Program xclip(const QByteArray &content, const char *target = "UTF8_STRING") {
@@ -112,6 +116,9 @@ protected:
     X11Pasteboard pasteboard_{
         [](ProcessId process) { return QStringLiteral("process %1").arg(qint32(process)); }};
     QObject context_;
+
+private:
+    test::Requestor firstOwner_;  // lives on, as its end would be told like a copy
 };
 
 inline std::vector<PasteItem> plain(const QByteArray &text) {

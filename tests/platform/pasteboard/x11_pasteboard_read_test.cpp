@@ -96,6 +96,9 @@ struct Form {
     QByteArray bytes;
     QByteArray read;
 };
+void PrintTo(const Form &form, std::ostream *stream) {
+    *stream << form.target << " to " << form.read.toStdString();
+}
 class X11PasteboardForms : public PasteboardDesk, public testing::WithParamInterface<Form> {};
 
 TEST_P(X11PasteboardForms, areReadAsXclipOffersThem) {
