@@ -171,6 +171,24 @@ TEST_F(ClipboardPasteEverywhere, putsMarkupIntoAnEditor) {
     expectContent("GTK*");
 }
 
+TEST_F(ClipboardPasteEverywhere, putsTextOfAnyLengthIntoAnEditor) {
+    startWatching();
+    openEditor(Editor::qt);
+    std::string all;
+    for (const int lines : {20, 100, 2'000}) {
+        std::string text;
+        for (int line = 0; line < lines; ++line)
+            text += "line " + std::to_string(line) + " of a text that grows longer\n";
+        text.back() = '.';
+        copyText(QByteArray::fromStdString(text));
+        openPopup();
+        pasteRow(0);
+        all += text;
+        ASSERT_TRUE(waitUntil([&] { return content() == all; }, 10000))
+            << lines << " lines: " << content().size() << " of " << all.size();
+    }
+}
+
 TEST_F(ClipboardPasteEverywhere, putsPlainTextWhileTheShortcutIsStillHeld) {
     startWatching();
     copyMarkup();

@@ -6,13 +6,16 @@
 
 #include "app/onboarding.h"
 #include "app/whats_new.h"
+#include "quickvolume/quick_volume_module.h"
 #include "ui/general_settings.h"
 #include "ui/popover_controller.h"
 #include "ui/settings_window.h"
 
 #include <QGuiApplication>
 #include <QQmlEngine>
+#include <QQuickWindow>
 #include <QScreen>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -27,6 +30,11 @@ class Rounds : public testing::Test {
 protected:
     Rounds() {
         panels.fading = false;
+        session.desktop.audio.add({.name = QStringLiteral("Speakers")});
+        session.desktop.workspace.running.push_back({.name = QStringLiteral("Spotify"),
+                                                     .bundleId = QStringLiteral("com.spotify.client"),
+                                                     .processId = ProcessId(7)});
+        session.appState().quickVolume()->activate();
         for (int number = 0; number < 20; ++number)
             history.addText(qPrintable(QStringLiteral("Line %1").arg(number)));
         history.add(ImageContent{test::HistorySession::landscape({640, 400})});
@@ -35,6 +43,17 @@ protected:
     void openAndClosePopover() {
         popover.open(QRectF(700, 900, 22, 22));
         waitForFrame();
+        popover.close();
+    }
+    void openPopoverAndUnfoldTheMixer() {
+        popover.open(QRectF(700, 900, 22, 22));
+        waitForFrame();
+        test::click(test::named(test::shownWindow(), QStringLiteral("Show QuickVolume")));
+        ASSERT_TRUE(QTest::qWaitFor(
+            [] { return test::named(test::shownWindow(), QStringLiteral("Mute Spotify")) != nullptr; }));
+        // Nobody closes what has not been drawn yet. Qt would keep a part of its bindings until the engine goes.
+        QSignalSpy frames(test::shownWindow(), &QQuickWindow::frameSwapped);
+        ASSERT_TRUE(frames.wait());
         popover.close();
     }
     void openAndCloseHistory() {
@@ -111,6 +130,10 @@ constexpr qint64 nothing = 256 * 1024;
 
 TEST_F(Rounds, thePopoverTakesNoMemory) {
     EXPECT_LT(growth([this] { openAndClosePopover(); }), nothing);
+}
+
+TEST_F(Rounds, theMixerTakesNoMemory) {
+    EXPECT_LT(growth([this] { openPopoverAndUnfoldTheMixer(); }), nothing);
 }
 
 TEST_F(Rounds, theHistoryTakesNoMemory) {
