@@ -14,6 +14,13 @@
 
 namespace pimloft {
 
+namespace {
+
+/// What QSaveFile names its temporary file with, after the file's own name and a dot.
+constexpr qsizetype randomLetters = 6;
+
+}  // namespace
+
 bool makePrivateFolder(const QString &path) {
     if (QFileInfo(path).isDir())
         return true;
@@ -68,8 +75,10 @@ std::optional<QString> writeAtomically(const QString &path, const QByteArray &by
 
 void removeAbandonedWrites(const QString &path) {
     const QFileInfo file(path);
-    const QString temporary = file.fileName() + QStringLiteral(".??????");
-    for (const QFileInfo &each : file.dir().entryInfoList({temporary}, QDir::Files | QDir::Hidden)) {
+    const QString prefix = file.fileName() + QLatin1Char('.');
+    for (const QFileInfo &each : file.dir().entryInfoList(QDir::Files | QDir::Hidden)) {
+        if (!each.fileName().startsWith(prefix) || each.fileName().size() != prefix.size() + randomLetters)
+            continue;
         const QByteArray name = QFile::encodeName(each.filePath());
         const int descriptor = open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
         if (descriptor < 0)

@@ -51,7 +51,8 @@ protected:
         test::click(test::named(test::shownWindow(), QStringLiteral("Show QuickVolume")));
         ASSERT_TRUE(QTest::qWaitFor(
             [] { return test::named(test::shownWindow(), QStringLiteral("Mute Spotify")) != nullptr; }));
-        // Nobody closes what has not been drawn yet. Qt would keep a part of its bindings until the engine goes.
+        // Nobody closes what has not been drawn yet. Qt would keep a part of its bindings until the engine
+        // goes.
         QSignalSpy frames(test::shownWindow(), &QQuickWindow::frameSwapped);
         ASSERT_TRUE(frames.wait());
         popover.close();

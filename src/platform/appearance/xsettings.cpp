@@ -3,7 +3,7 @@
 
 #include <QDataStream>
 #include <QIODevice>
-#include <QRegularExpression>
+#include <QStringList>
 
 namespace pimloft {
 
@@ -74,6 +74,18 @@ QString themeName(const QVariantMap &settings) {
     return settings.value(QStringLiteral("Net/ThemeName")).toString();
 }
 
+/// Regular expressions would cost every user half a megabyte for as long as the program runs.
+QStringList wordsOf(QString name) {
+    for (QChar &letter : name)
+        if (QStringLiteral("_: ").contains(letter))
+            letter = QLatin1Char('-');
+    return name.split(QLatin1Char('-'), Qt::SkipEmptyParts);
+}
+
+bool is(const QString &word, const char *other) {
+    return word.compare(QLatin1String(other), Qt::CaseInsensitive) == 0;
+}
+
 }  // namespace
 
 bool prefersDark(const QVariantMap &settings) {
@@ -81,19 +93,19 @@ bool prefersDark(const QVariantMap &settings) {
         return true;
     // "Adwaita-dark", "Mint-Y-Dark-Aqua", "Adwaita:dark", "BreezeDark", "HighContrastInverse"; but not
     // "Arc-Darker", which is light within its windows.
-    static const QRegularExpression part(QStringLiteral("(^|[-_: ])(dark|inverse)($|[-_: ])"),
-                                         QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression ending(QStringLiteral("[a-z](Dark|Inverse)$"));
-    const QString theme = themeName(settings);
-    return part.match(theme).hasMatch() || ending.match(theme).hasMatch();
+    const QStringList words = wordsOf(themeName(settings));
+    return std::any_of(words.begin(), words.end(), [](const QString &word) {
+        return is(word, "dark") || is(word, "inverse") || word.endsWith(QLatin1String("Dark")) ||
+               word.endsWith(QLatin1String("Inverse"));
+    });
 }
 
 bool prefersHighContrast(const QVariantMap &settings) {
     // "HighContrast", "HighContrastInverse", "ContrastHigh", "High-Contrast", "Yaru-hc".
-    static const QRegularExpression name(
-        QStringLiteral("high[-_ ]?contrast|contrast[-_ ]?high|(^|[-_: ])hc($|[-_: ])"),
-        QRegularExpression::CaseInsensitiveOption);
-    return name.match(themeName(settings)).hasMatch();
+    const QStringList words = wordsOf(themeName(settings));
+    const QString name = words.join(QString()).toLower();
+    return name.contains(QLatin1String("highcontrast")) || name.contains(QLatin1String("contrasthigh")) ||
+           std::any_of(words.begin(), words.end(), [](const QString &word) { return is(word, "hc"); });
 }
 
 bool prefersReducedMotion(const QVariantMap &settings) {

@@ -6,7 +6,6 @@
 #include <QDeadlineTimer>
 #include <QFile>
 #include <QLocalSocket>
-#include <QRegularExpression>
 #include <QThread>
 #include <QTimer>
 
@@ -80,15 +79,21 @@ bool connectTo(QLocalSocket &socket, const InstancePaths &paths, const QDeadline
     return false;
 }
 
+/// ":0" and its screen ":0.0" are one login. What is no part of a file's name is replaced.
+QString nameOf(const QString &login) {
+    QString name = login.left(login.indexOf(QLatin1Char('.'), login.lastIndexOf(QLatin1Char(':'))));
+    for (QChar &letter : name) {
+        const bool isPlain = letter.unicode() < 128 && letter.isLetterOrNumber();
+        if (!isPlain && letter != QLatin1Char('.') && letter != QLatin1Char('-'))
+            letter = QLatin1Char('_');
+    }
+    return name;
+}
+
 }  // namespace
 
 InstancePaths::InstancePaths(const QString &runtime, const QString &login) {
-    // ":0" and its screen ":0.0" are one login. What is no part of a file's name is replaced.
-    static const QRegularExpression screen(QStringLiteral("(:\\d+)\\.\\d+$"));
-    static const QRegularExpression odd(QStringLiteral("[^A-Za-z0-9._-]"));
-    const QString name =
-        QString(login).replace(screen, QStringLiteral("\\1")).replace(odd, QStringLiteral("_"));
-    const QString base = runtime + QStringLiteral("/pimloft") + name;
+    const QString base = runtime + QStringLiteral("/pimloft") + nameOf(login);
     lock = base + QStringLiteral(".lock");
     socket = base + QStringLiteral(".socket");
 }

@@ -4,7 +4,6 @@
 #include <QFile>
 #include <QIconEngine>
 #include <QPainter>
-#include <QRegularExpression>
 #include <QSvgRenderer>
 
 #include <cmath>
@@ -31,18 +30,14 @@ double penFactor(double points) {
 }
 
 QByteArray withPen(const QByteArray &svg, double factor) {
-    static const QRegularExpression width(QStringLiteral("stroke-width=\"([0-9.]+)\""));
-    const QString text = QString::fromUtf8(svg);
-    QString result;
-    qsizetype end = 0;
-    for (auto matches = width.globalMatch(text); matches.hasNext();) {
-        const QRegularExpressionMatch match = matches.next();
-        result += QStringView(text).sliced(end, match.capturedStart(1) - end);
-        result += QString::number(match.captured(1).toDouble() * factor);
-        end = match.capturedEnd(1);
+    constexpr QByteArrayView attribute("stroke-width=\"");
+    QByteArray result = svg;
+    for (qsizetype at = 0; (at = result.indexOf(attribute, at)) >= 0;) {
+        at += attribute.size();
+        const qsizetype length = result.indexOf('"', at) - at;
+        result.replace(at, length, QByteArray::number(result.mid(at, length).toDouble() * factor));
     }
-    result += QStringView(text).sliced(end);
-    return result.toUtf8();
+    return result;
 }
 
 /// The parsed drawings for each weight of the pen, each read when it is first used.
