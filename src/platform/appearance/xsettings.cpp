@@ -5,6 +5,8 @@
 #include <QIODevice>
 #include <QStringList>
 
+#include <algorithm>
+
 namespace pimloft {
 
 namespace {
