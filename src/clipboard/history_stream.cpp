@@ -25,6 +25,10 @@ const char *findControl(const char *begin, const char *end) {
     return found ? std::find_if(begin, end, [](char c) { return std::uint8_t(c) < 0x20; }) : end;
 }
 
+bool isOfANumber(char c) {
+    return (c >= '0' && c <= '9') || c == '-' || c == '+' || c == '.' || c == 'e' || c == 'E';
+}
+
 }  // namespace
 
 void HistoryText::begin(Kind kind) {
@@ -85,7 +89,12 @@ HistoryStream::Ch HistoryStream::Peek() {
 HistoryStream::Ch HistoryStream::Take() {
     if (!fill())
         return '\0';
-    isInEscape_ = isInEscape_ || (isInString_ && *next_ == '\\');
+    if (isInString_)
+        isInEscape_ = isInEscape_ || *next_ == '\\';
+    else if (isOfANumber(*next_))
+        number_ += *next_;
+    else
+        number_.clear();
     return *next_++;
 }
 
@@ -112,6 +121,9 @@ const char *HistoryStream::endOfRun() {
 }
 
 HistoryStream::Ch *HistoryStream::PutBegin() {
+    // The reader asks for the place of a number, too, once it has passed it.
+    if (!number_.isEmpty())
+        return nullptr;
     text_.begin(kind_);
     kind_ = HistoryText::text;
     isInString_ = true;

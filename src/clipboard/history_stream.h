@@ -40,7 +40,8 @@ private:
 ///
 /// To the reader it is a stream that is parsed in place: what the reader puts is a string without its
 /// escapes, and goes to `text`. Long runs without escapes, but for that of a slash, do not pass the reader at
-/// all: `Peek` moves them to the text at once and shows the reader only what ends them.
+/// all: `Peek` moves them to the text at once and shows the reader only what ends them. Numbers are kept as
+/// they are written: see `number`.
 class HistoryStream {
 public:
     using Ch = char;
@@ -51,6 +52,9 @@ public:
 
     /// What the next string is to become. Holds for one string.
     void expect(HistoryText::Kind kind) { kind_ = kind; }
+
+    /// The number that was read last, as it is written.
+    const QByteArray &number() const { return number_; }
 
     bool hasFailed() const { return hasFailed_; }
     /// Whether everything has been read; the reader takes a zero for the end.
@@ -86,6 +90,7 @@ private:
     qsizetype stagedSize_ = 0;
     bool isInString_ = false;
     bool isInEscape_ = false;
+    QByteArray number_;
 };
 
 }  // namespace pimloft

@@ -2,6 +2,8 @@
 #include "keymapper/key_mapping_document.h"
 
 #include <rapidjson/document.h>
+#include <rapidjson/memorystream.h>
+#include <rapidjson/reader.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
@@ -135,18 +137,65 @@ std::optional<KeyMappings> readMappings(const Value *value) {
     return mappings;
 }
 
+/// Hands what RapidJSON reads to a document, but for the numbers, which are converted here: RapidJSON's own
+/// conversion reads far outside of its tables when there are many zeros or the exponent is absurd.
+class DocumentBuilder {
+public:
+    explicit DocumentBuilder(rapidjson::Document &document) : document_(document) {}
+
+    bool RawNumber(const char *text, rapidjson::SizeType length, bool) {
+        const QByteArray number(text, qsizetype(length));
+        bool fits = false;
+        const qulonglong whole = number.toULongLong(&fits);
+        if (fits)
+            return document_.Uint64(whole);
+        const double real = number.toDouble(&fits);
+        return document_.Double(fits ? real : std::numeric_limits<double>::quiet_NaN());
+    }
+    bool Null() { return document_.Null(); }
+    bool Bool(bool value) { return document_.Bool(value); }
+    bool String(const char *text, rapidjson::SizeType length, bool copy) {
+        return document_.String(text, length, copy);
+    }
+    bool StartObject() { return document_.StartObject(); }
+    bool Key(const char *text, rapidjson::SizeType length, bool copy) {
+        return document_.Key(text, length, copy);
+    }
+    bool EndObject(rapidjson::SizeType count) { return document_.EndObject(count); }
+    bool StartArray() { return document_.StartArray(); }
+    bool EndArray(rapidjson::SizeType count) { return document_.EndArray(count); }
+
+    // The reader asks for numbers as text only; these complete what it expects of a handler.
+    bool Int(int) { return false; }
+    bool Uint(unsigned) { return false; }
+    bool Int64(std::int64_t) { return false; }
+    bool Uint64(std::uint64_t) { return false; }
+    bool Double(double) { return false; }
+
+private:
+    rapidjson::Document &document_;
+};
+
 /// False when the bytes are too many or no JSON. Nesting costs no stack: members that nobody asks for may be
 /// anything.
 bool parse(rapidjson::Document &document, const QByteArray &bytes, qsizetype limit) {
     constexpr auto flags = rapidjson::kParseIterativeFlag | rapidjson::kParseValidateEncodingFlag |
-                           rapidjson::kParseFullPrecisionFlag;
+                           rapidjson::kParseNumbersAsStringsFlag;
     if (bytes.size() > limit)
         return false;
     // Some editors of other systems begin a file with this mark.
     const QByteArray mark("\xEF\xBB\xBF");
     const qsizetype start = bytes.startsWith(mark) ? mark.size() : 0;
-    document.Parse<flags>(bytes.constData() + start, std::size_t(bytes.size() - start));
-    return !document.HasParseError();
+    rapidjson::MemoryStream stream(bytes.constData() + start, std::size_t(bytes.size() - start));
+    rapidjson::Reader reader;
+    bool isRead = false;
+    auto read = [&](rapidjson::Document &target) {
+        DocumentBuilder builder(target);
+        isRead = bool(reader.Parse<flags>(stream, builder));
+        return isRead;
+    };
+    document.Populate(read);
+    return isRead;
 }
 
 }  // namespace

@@ -144,6 +144,10 @@ TEST_P(HistoryNumber, isReadInAnyForm) {
     const auto items = itemsOf(withMember("timestamp", QByteArray("\"timestamp\":") + GetParam().text));
     ASSERT_EQ(items.size(), 1u);
     EXPECT_EQ(items.front().timestamp.seconds, GetParam().value);
+    // Also where it does not come in one piece.
+    const auto torn = itemsOf(withMember("timestamp", QByteArray("\"timestamp\":") + GetParam().text), 3);
+    ASSERT_EQ(torn.size(), 1u);
+    EXPECT_EQ(torn.front().timestamp.seconds, GetParam().value);
 }
 
 INSTANTIATE_TEST_SUITE_P(HistoryReader, HistoryNumber,
@@ -155,6 +159,24 @@ INSTANTIATE_TEST_SUITE_P(HistoryReader, HistoryNumber,
                                          Number{"763934400.12345600000", 763934400.123456},
                                          Number{"0.1000000000000000055511151231257827", 0.1},
                                          Number{"9007199254740993", 9007199254740992.0}));
+
+TEST(HistoryReader, readsNumbersWithAnyNumberOfZeros) {
+    const QByteArray zeros(400, '0');
+    const auto secondsOf = [](const QByteArray &number) {
+        return itemsOf(withMember("timestamp", "\"timestamp\":" + number)).at(0).timestamp.seconds;
+    };
+    EXPECT_EQ(secondsOf("0." + zeros + "e9"), 0);
+    EXPECT_EQ(secondsOf("0." + zeros + "25e401"), 2.5);
+    EXPECT_EQ(secondsOf("1." + zeros + "1"), 1);
+}
+
+TEST(HistoryReader, refusesNumbersOutOfRange) {
+    const QByteArray tiny = "0." + QByteArray(400, '0') + "777040008";
+    for (const char *number :
+         {"9e308", "-9e308", "1e400", "1e2147483648", "1.5e-2147483647", tiny.constData()})
+        EXPECT_FALSE(failureOf(withMember("timestamp", QByteArray("\"timestamp\":") + number)).isEmpty())
+            << number;
+}
 
 TEST(HistoryReader, readsRandomNumbersExactly) {
     const unsigned seed = std::random_device()();

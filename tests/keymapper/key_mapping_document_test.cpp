@@ -150,6 +150,20 @@ INSTANTIATE_TEST_SUITE_P(
         Numeral{"toModifiersRaw", "18446744073709551615", 18446744073709551615u},
         Numeral{"toModifiersRaw", "18446744073709551616", std::nullopt}));
 
+TEST(KeyMappingDocument, readsNumbersWithAnyNumberOfZeros) {
+    const QByteArray zeros(400, '0');
+    const auto read = [](const QByteArray &number) {
+        return decodeMappings(mappingWith("toKeyCode", number));
+    };
+    EXPECT_FALSE(read("0." + zeros + "777040008"));
+    EXPECT_FALSE(read("1.5e-2147483647"));
+    for (const QByteArray &number : {"0." + zeros + "12e402", "12." + zeros}) {
+        const auto mappings = read(number);
+        ASSERT_TRUE(mappings) << number.constData();
+        EXPECT_EQ(mappings->front().toKeyCode, KeyCode{12});
+    }
+}
+
 class RefusedMappings : public testing::TestWithParam<QByteArray> {};
 
 TEST_P(RefusedMappings, refuseTheWholeDocument) {

@@ -82,9 +82,10 @@ private:
         const qint64 whole = text.toLongLong(&fits);
         if (fits)
             return plain(whole);
-        // A whole number beyond 64 bits would come back as another one.
+        // A whole number beyond 64 bits would come back as another one, and so would what no double can hold.
         const bool isWhole = text.indexOf('.') < 0 && text.indexOf('e') < 0 && text.indexOf('E') < 0;
-        return isWhole ? foreignValue(text) : plain(text.toDouble());
+        const double real = text.toDouble(&fits);
+        return isWhole || !fits ? foreignValue(text) : plain(real);
     }
 
     bool plain(const QVariant &value) {

@@ -64,8 +64,8 @@ TEST_P(ForeignPreference, isNoValueButStaysAsItStands) {
 INSTANTIATE_TEST_SUITE_P(PreferencesDocument, ForeignPreference,
                          testing::Values("null", "{}", "{\"a\":{\"b\":[1, 2]}}", "[1,\"a\"]", "[\"a\",1]",
                                          "[[\"a\"]]", "[\"a\",[]]", "[[],\"a\"]", "[{\"a\":\"b\"}]",
-                                         "[{\"a\":\"b\"},\"c\"]", "[null]", "[true]",
-                                         "18446744073709551616"));
+                                         "[{\"a\":\"b\"},\"c\"]", "[null]", "[true]", "18446744073709551616",
+                                         "9e308", "1.5e-400"));
 
 class DamagedPreferences : public testing::TestWithParam<const char *> {};
 
