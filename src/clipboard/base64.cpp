@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/base64.h"
 
+#include <QtEndian>
+
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
+#include <utility>
 
 namespace pimloft {
 
@@ -54,6 +57,38 @@ char *put(std::uint32_t twelveBits, char *out) {
 
 std::uint8_t byte(char c) {
     return std::uint8_t(c);
+}
+
+/// The three bytes of four characters, or some bits of `notBase64`.
+std::uint32_t groupOf(const char *in) {
+    return values[0][byte(in[0])] | values[1][byte(in[1])] | values[2][byte(in[2])] | values[3][byte(in[3])];
+}
+
+/// The same of four characters each of which may be written "\/", and where they end. Needs eight to look at.
+std::pair<std::uint32_t, const char *> escapedGroup(const char *in) {
+    std::array<char, 4> plain{};
+    bool isSlash = true;
+    // Without a branch, which nobody could predict.
+    for (char &c : plain) {
+        const bool isEscape = *in == '\\';
+        in += isEscape;
+        isSlash = isSlash && (!isEscape | (*in == '/'));
+        c = *in++;
+    }
+    return {groupOf(plain.data()) | (isSlash ? 0 : notBase64), in};
+}
+
+/// Writes one byte more than the three that it puts.
+char *putGroup(std::uint32_t group, char *out) {
+    qToBigEndian(group << 8, out);
+    return out + 3;
+}
+
+/// How many characters of a JSON string stand for the next one of Base64; none when that is something else.
+int lengthOfNext(const char *in, const char *end) {
+    if (*in == '\\')
+        return end - in >= 2 && in[1] == '/' ? 2 : 0;
+    return values[0][byte(*in)] == notBase64 ? 0 : 1;
 }
 
 }  // namespace
@@ -109,25 +144,64 @@ void Base64Decoder::appendGroups(QByteArrayView text) {
         last[std::size_t(3 - padding)] = 'A';
     isPadded_ = padding > 0;
 
-    const qsizetype needed = size_ + text.size() / 4 * 3;
+    const qsizetype decodedSize = text.size() / 4 * 3;
+    char *out = grow(decodedSize);
+    std::uint32_t seen = 0;
+    for (const char *in = text.data(); in != text.end() - 4; in += 4) {
+        const std::uint32_t group = groupOf(in);
+        seen |= group;
+        out = putGroup(group, out);
+    }
+    const std::uint32_t group = groupOf(last.data());
+    seen |= group;
+    putGroup(group, out);
+    isBroken_ = isBroken_ || (seen & notBase64) != 0;
+    size_ += decodedSize - padding;
+}
+
+qsizetype Base64Decoder::appendWritten(QByteArrayView written) {
+    if (isBroken_ || isPadded_)
+        return 0;
+    char *out = grow((restSize_ + written.size()) / 4 * 3);
+    const char *in = written.data();
+    const char *const end = in + written.size();
+    while (in != end) {
+        const bool isAligned = restSize_ == 0;
+        while (isAligned && end - in >= 8) {
+            const std::uint32_t group = groupOf(in);
+            if (!(group & notBase64)) {
+                out = putGroup(group, out);
+                in += 4;
+                continue;
+            }
+            const auto [escaped, next] = escapedGroup(in);
+            if (escaped & notBase64)
+                break;
+            out = putGroup(escaped, out);
+            in = next;
+        }
+        // What ends it is somewhere in this group, or the group is not all here.
+        const int length = in == end ? 0 : lengthOfNext(in, end);
+        if (length == 0)
+            break;
+        in += length;
+        rest_[std::size_t(restSize_++)] = in[-1];
+        if (restSize_ == 4) {
+            restSize_ = 0;
+            out = putGroup(groupOf(rest_.data()), out);
+        }
+    }
+    size_ = out - bytes_.constData();
+    return in - written.data();
+}
+
+/// Room for so many more bytes, and for the one that `putGroup` writes behind them; where they go.
+char *Base64Decoder::grow(qsizetype size) {
+    const qsizetype needed = size_ + size + 1;
     // Far more than needed: what is not used is never there, while each growth may copy everything.
     if (needed > bytes_.size())
         bytes_.resize(std::max(needed, bytes_.size() * 4));
-    char *out = bytes_.data() + size_;
-    std::uint32_t seen = 0;
-    const auto decode = [&](const char *in) {
-        const std::uint32_t group =
-            values[0][byte(in[0])] | values[1][byte(in[1])] | values[2][byte(in[2])] | values[3][byte(in[3])];
-        seen |= group;
-        *out++ = char(group >> 16);
-        *out++ = char(group >> 8);
-        *out++ = char(group);
-    };
-    for (const char *in = text.data(); in != text.end() - 4; in += 4)
-        decode(in);
-    decode(last.data());
-    isBroken_ = isBroken_ || (seen & notBase64) != 0;
-    size_ = needed - padding;
+    return bytes_.data() + size_;
 }
 
 bool Base64Decoder::finish() {

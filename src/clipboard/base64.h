@@ -23,12 +23,16 @@ char *encodeBase64(QByteArrayView bytes, char *out);
 class Base64Decoder {
 public:
     void append(QByteArrayView text);
+    /// Takes what there is of it at the beginning of a JSON string as it is written, "\/" for "/" or not, and
+    /// answers how long that was. Padding and what does not belong into it are left to `append`.
+    qsizetype appendWritten(QByteArrayView written);
     /// All bytes, when the text was whole groups of four with padding only at the end. Empty otherwise.
     bool finish();
     QByteArray take();
 
 private:
     void appendGroups(QByteArrayView text);
+    char *grow(qsizetype size);
 
     QByteArray bytes_;
     qsizetype size_ = 0;

@@ -45,6 +45,10 @@ void HistoryText::append(QByteArrayView piece) {
         string_ += QString(decoder_.decode(piece));
 }
 
+qsizetype HistoryText::appendWritten(QByteArrayView written) {
+    return kind_ == base64 ? bytes_.appendWritten(written) : 0;
+}
+
 bool HistoryText::finish() {
     if (kind_ == base64)
         return bytes_.finish();
@@ -71,6 +75,7 @@ bool HistoryStream::fill() {
     isOver_ = size <= 0;
     next_ = buffer_.get();
     end_ = next_ + std::max<qint64>(size, 0);
+    mark_ = nullptr;
     limit_ = nullptr;
     return !isOver_;
 }
@@ -100,12 +105,14 @@ HistoryStream::Ch HistoryStream::Take() {
 
 void HistoryStream::moveRun() {
     while (fill()) {
+        if (stagedSize_ == 0)
+            next_ += text_.appendWritten({next_, quotationMark()});
         const char *const end = endOfRun();
         stage({next_, end});
         next_ = end;
         if (end == end_)
             continue;
-        // By far the most frequent escape is that of a slash within a picture: one in 64 characters.
+        // By far the most frequent escape is that of a slash.
         if (end + 1 >= end_ || end[0] != '\\' || end[1] != '/')
             return;
         ++next_;
@@ -114,10 +121,15 @@ void HistoryStream::moveRun() {
 
 /// Where the next quotation mark, backslash or control character is.
 const char *HistoryStream::endOfRun() {
-    // Within a picture there are many backslashes, and nothing else that would end it.
     if (!limit_ || limit_ < next_)
-        limit_ = findControl(next_, find(next_, end_, '"'));
+        limit_ = findControl(next_, quotationMark());
     return find(next_, limit_, '\\');
+}
+
+const char *HistoryStream::quotationMark() {
+    if (!mark_ || mark_ < next_)
+        mark_ = find(next_, end_, '"');
+    return mark_;
 }
 
 HistoryStream::Ch *HistoryStream::PutBegin() {

@@ -21,6 +21,8 @@ public:
     /// Begins a string, and forgets the last one.
     void begin(Kind kind);
     void append(QByteArrayView piece);
+    /// Of a string as it is written: takes what needs no look at its escapes, and answers how much that was.
+    qsizetype appendWritten(QByteArrayView written);
     /// False when it was not what its kind demands.
     bool finish();
 
@@ -40,8 +42,8 @@ private:
 ///
 /// To the reader it is a stream that is parsed in place: what the reader puts is a string without its
 /// escapes, and goes to `text`. Long runs without escapes, but for that of a slash, do not pass the reader at
-/// all: `Peek` moves them to the text at once and shows the reader only what ends them. Numbers are kept as
-/// they are written: see `number`.
+/// all: `Peek` moves them to the text at once and shows the reader only what ends them. Pictures are decoded
+/// on the spot. Numbers are kept as they are written: see `number`.
 class HistoryStream {
 public:
     using Ch = char;
@@ -72,6 +74,7 @@ private:
     bool fill();
     void moveRun();
     const char *endOfRun();
+    const char *quotationMark();
     void stage(QByteArrayView piece);
     void deliver();
 
@@ -79,7 +82,8 @@ private:
     std::unique_ptr<char[]> buffer_;
     const char *next_;
     const char *end_;
-    const char *limit_ = nullptr;  ///< the next quotation mark or control character, where it is known
+    const char *mark_ = nullptr;   ///< the next quotation mark, where it is known
+    const char *limit_ = nullptr;  ///< that or a control character before it, where it is known
     qint64 before_ = 0;            ///< how much of the file came before the buffer
     bool hasFailed_ = false;
     bool isOver_ = false;

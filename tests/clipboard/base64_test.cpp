@@ -47,6 +47,51 @@ TEST(Base64, comesBackFromPiecesOfAnySize) {
         }
 }
 
+/// As the stream of a history file does: what is not taken as it is written comes without its escapes.
+std::optional<QByteArray> decodedAsWritten(const QByteArray &text, qsizetype piece) {
+    Base64Decoder decoder;
+    QByteArray left;
+    for (qsizetype start = 0; start < text.size(); start += piece) {
+        left += text.mid(start, piece);
+        left = left.mid(decoder.appendWritten(left));
+        if (left == "\\" && start + piece < text.size())
+            continue;
+        decoder.append(left.replace("\\/", "/"));
+        left.clear();
+    }
+    return decoder.finish() ? std::optional(decoder.take()) : std::nullopt;
+}
+
+TEST(Base64, comesBackAsItIsWrittenInPiecesOfAnySize) {
+    for (qsizetype size = 0; size < 60; ++size)
+        for (qsizetype piece = 1; piece < 30; ++piece) {
+            QByteArray bytes = test::noise(size, unsigned(size));
+            bytes.replace('a', "\xFF\xFF\xFF");  // many slashes, side by side
+            EXPECT_EQ(decodedAsWritten(encoded(bytes), piece), bytes)
+                << size << " bytes, pieces of " << piece;
+            EXPECT_EQ(decodedAsWritten(bytes.toBase64(), piece), bytes)
+                << size << " bytes, pieces of " << piece;
+        }
+}
+
+TEST(Base64, stopsAtWhatItDoesNotDecodeAsItIsWritten) {
+    const std::pair<const char *, qsizetype> cases[] = {
+        {"QUJD", 4}, {"QUJDRE", 6},    {"QUI=", 3}, {"\\", 0},    {"A\\/", 3},        {"A\\", 1},
+        {"!", 0},    {"QUJD\nAAA", 4}, {"A\\n", 1}, {"A\\\\", 1}, {"AAAA\\u0041", 4}, {"", 0}};
+    for (const auto &[written, taken] : cases) {
+        Base64Decoder decoder;
+        EXPECT_EQ(decoder.appendWritten(QByteArray(written)), taken) << written;
+    }
+}
+
+TEST(Base64, takesNothingAsItIsWrittenOnceItIsPaddedOrBroken) {
+    for (const char *before : {"QQ==", "!!!!"}) {
+        Base64Decoder decoder;
+        decoder.append(before);
+        EXPECT_EQ(decoder.appendWritten("QUJD"), 0);
+    }
+}
+
 TEST(Base64, canBeUsedAgain) {
     Base64Decoder decoder;
     decoder.append("!!!!");
