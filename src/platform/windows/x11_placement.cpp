@@ -17,6 +17,8 @@ constexpr auto longestUnrest = 150ms;
 /// After a request that changes nothing.
 constexpr auto longestSilence = 60ms;
 constexpr auto watchTime = 250ms;
+/// What a program on a busy machine needs to draw itself anew after it has left a state.
+constexpr auto restTime = 2s;
 /// Where nothing happened at all: the window manager may be held up, and has the requests still before it.
 constexpr auto placementPatience = 2s;
 constexpr int mostRequests = 6;
@@ -86,8 +88,10 @@ void X11Placement::handle(const xcb_generic_event_t &event) {
         if (notice.window != window_ || !(isExtent || isAmong(stateProperties, notice.atom)))
             return;
         handleActivity();
-        if (isExtent)
+        if (isExtent && phase_ == Phase::moving)
             refit();
+        else if (isExtent && phase_ == Phase::resting)
+            fitToLateExtents();
     }
 }
 
@@ -97,7 +101,7 @@ bool X11Placement::isAmong(std::span<const char *const> names, xcb_atom_t proper
 }
 
 void X11Placement::handleActivity() {
-    if (phase_ == Phase::ended)
+    if (phase_ == Phase::ended || phase_ == Phase::resting)
         return;
     // After the first answer it is stillness that counts, and not for ever.
     if (phase_ == Phase::moving && !quiet_.isActive())
@@ -108,11 +112,29 @@ void X11Placement::handleActivity() {
 
 void X11Placement::refit() {
     // The requests so far were made for other decorations: their frame is known to be off.
-    if (phase_ != Phase::moving || requests_ == mostRequests)
+    if (requests_ == mostRequests)
         return;
     const auto geometry = readGeometry(session_, window_);
     if (geometry && geometry->frame() != target_)
         request(*geometry);
+}
+
+void X11Placement::rest(const X11WindowGeometry &now) {
+    phase_ = Phase::resting;
+    resting_ = now.client;
+    quiet_.stop();
+    limit_.start(restTime);
+}
+
+void X11Placement::fitToLateExtents() {
+    const auto geometry = readGeometry(session_, window_);
+    // Elsewhere it is by somebody's wish.
+    if (!geometry || geometry->client != resting_ || !heldGroups().empty() || isButtonDown()) {
+        finish();
+        return;
+    }
+    if (geometry->frame() != target_)
+        begin(*geometry);
 }
 
 void X11Placement::handleTimeout() {
@@ -128,7 +150,9 @@ void X11Placement::handleTimeout() {
     } else if (phase_ == Phase::watching) {
         review(*geometry);
         if (isPhaseOver && phase_ == Phase::watching)
-            finish();
+            rest(*geometry);
+    } else {
+        finish();
     }
 }
 

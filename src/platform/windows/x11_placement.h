@@ -24,7 +24,8 @@ std::array<std::uint32_t, 5> moveResizeMessage(const QRect &frame, const QMargin
 /// The window is told to leave a maximised, fullscreen or shaded state and asked for the frame, again and
 /// with its decorations read anew, until it stands there, or has answered two requests alike and so will not
 /// come closer. After that it is watched for a moment: a window manager may still be finishing a move of its
-/// own, a program may still be changing its shadow, and the frame asked for here is to be the last one.
+/// own, and the frame asked for here is to be the last one. A shadow that is changed after that, as a busy
+/// program does, is still made up for as long as nobody else has moved the window.
 class X11Placement : public QObject {
     Q_OBJECT
 
@@ -46,6 +47,7 @@ private:
     enum class Phase {
         moving,    ///< asked for the frame
         watching,  ///< settled
+        resting,   ///< nothing but a late change of its shadow counts
         ended,
     };
 
@@ -56,6 +58,8 @@ private:
     void begin(const X11WindowGeometry &now);
     void request(const X11WindowGeometry &now);
     void refit();
+    void fitToLateExtents();
+    void rest(const X11WindowGeometry &now);
     void judge(const X11WindowGeometry &now);
     void settle(const QRect &frame);
     void review(const X11WindowGeometry &now);
@@ -76,8 +80,9 @@ private:
     std::optional<QRect> answer_;  ///< to the request before
     bool isAnswered_ = false;      ///< something happened since the first request
     QRect settled_;
-    QTimer quiet_;  ///< runs out when the window has been still for a moment
-    QTimer limit_;  ///< runs out when a phase has lasted too long
+    QRect resting_;  ///< the client's rectangle then
+    QTimer quiet_;   ///< runs out when the window has been still for a moment
+    QTimer limit_;   ///< runs out when a phase has lasted too long
     std::unique_ptr<X11Session::Subscription> events_;
 };
 

@@ -108,6 +108,25 @@ TEST_F(Fault, aWindowThatChangesItsShadowAfterwardsIsFittedAgain) {
     expectFrame(target);
 }
 
+TEST_F(Fault, aWindowThatChangesItsShadowLateIsFittedAgain) {
+    const auto reference = openFocused({.shadow = QMargins(26, 23, 26, 29)});
+    windows.place(reference, target);
+    expectFrame(target, 400);
+    client.setCardinals(window, "_GTK_FRAME_EXTENTS", {10, 10, 8, 12});
+    EXPECT_NE(text(client.visibleFrame(window)), text(target));
+    expectFrame(target);
+}
+
+TEST_F(Fault, aWindowThatIsMovedStaysThereThoughItsShadowChangesLate) {
+    const auto reference = openFocused({.shadow = QMargins(26, 23, 26, 29)});
+    windows.place(reference, target);
+    expectFrame(target, 400);
+    client.configure(window, {400, 300, 300, 200});
+    ASSERT_TRUE(waitUntil([&] { return client.visibleFrame(window) != target; }));
+    client.setCardinals(window, "_GTK_FRAME_EXTENTS", {10, 10, 8, 12});
+    EXPECT_FALSE(waitUntil([&] { return client.visibleFrame(window).topLeft() == target.topLeft(); }, 400));
+}
+
 TEST_F(Fault, aLaterWindowWithTheIdOfOneThatIsGoneIsAnother) {
     const auto second = std::make_unique<X11Client>();
     const xcb_window_t reused = second->open();

@@ -41,7 +41,9 @@ protected:
                 SCOPED_TRACE(std::string(start.name) + " to " + text(target));
                 enter(start);
                 windows.place(reference, target);
-                expectFrame(target, 60);
+                // Longer than the placement watches, and than it takes to settle: it would undo the next
+                // state.
+                expectFrame(target, 400);
                 for (const char *state : start.states)
                     EXPECT_FALSE(client.hasState(window, state)) << state;
             }

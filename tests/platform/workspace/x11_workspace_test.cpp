@@ -23,7 +23,7 @@ using test::waitUntil;
 class X11WorkspaceTest : public testing::Test {
 protected:
     X11WorkspaceTest() {
-        workspace_.onFrontmostChanged = [this] { ++changes_; };
+        workspace_.onFrontmostChanged = [this] { told_.push_back(frontmost()); };
     }
 
     std::string frontmost() {
@@ -45,7 +45,7 @@ protected:
     X11ActiveWindow active_{session_};
     X11Workspace workspace_{session_, active_, currentSession().home() + QStringLiteral("/help"),
                             QDBusConnection::sessionBus()};
-    int changes_ = 0;
+    std::vector<std::string> told_;  ///< what was in front at each notice
 };
 
 ProcessId id(const QProcess &process) {
@@ -66,7 +66,7 @@ TEST_F(X11WorkspaceTest, followsTheProgramInFront) {
     EXPECT_TRUE(frontmostBecomes("org.xfce.mousepad"));
     EXPECT_EQ(workspace_.frontmostChord(), ShortcutChord::control);
     EXPECT_EQ(workspace_.frontmostApplication()->name, QStringLiteral("Mousepad"));
-    EXPECT_GE(changes_, 2);
+    EXPECT_GE(told_.size(), 2u);
 }
 
 TEST_F(X11WorkspaceTest, takesAFileManagerForTheFinder) {
@@ -82,12 +82,12 @@ TEST_F(X11WorkspaceTest, tellsNoChangeWhileOneProgramStaysInFront) {
     QLabel second(QStringLiteral("second"));
     first.show();
     ASSERT_TRUE(waitUntil([&] { return active_.current() == first.winId(); }));
-    frontmost();
-    changes_ = 0;
+    told_ = {frontmost()};
     second.show();
     ASSERT_TRUE(waitUntil([&] { return active_.current() == second.winId(); }));
-    frontmost();
-    EXPECT_EQ(changes_, 0);
+    // A window manager may leave nothing in front for a moment, and that is told.
+    ASSERT_TRUE(waitUntil([&] { return frontmost() == told_.front(); }));
+    EXPECT_EQ(std::adjacent_find(told_.begin(), told_.end()), told_.end());
     EXPECT_EQ(workspace_.frontmostApplication()->processId, ProcessId(getpid()));
 }
 
