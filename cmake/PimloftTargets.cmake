@@ -75,7 +75,8 @@ function(pimloft_test name)
     if(PIMLOFT_SANITIZE)
         set(timeout 400)
     endif()
-    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT ${timeout}
+    # Values of records are printed as bytes, and these are other ones each time.
+    gtest_discover_tests(${name} NO_PRETTY_VALUES DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT ${timeout}
         ENVIRONMENT "TSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/thread-sanitizer-exceptions.txt")
     # A list of labels does not survive the discovery.
     set(labels ${CMAKE_CURRENT_BINARY_DIR}/${name}_labels.cmake)
