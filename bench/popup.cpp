@@ -101,6 +101,18 @@ void measurePopup(Table &table, Extent extent) {
     }
     table.add(cold);
     table.add(warm);
+    if (extent.quick)
+        return;
+    // The daily case: it has been used, but not for some minutes.
+    Figure rested{QStringLiteral("popup, shortcut to first frame, after a minute without"),
+                  QStringLiteral("ms"),
+                  60,
+                  {}};
+    for (int run = 0; run < 3; ++run) {
+        rest(std::chrono::seconds(65));
+        rested.samples.push_back(openPopup(stage));
+    }
+    table.add(rested);
 }
 
 }  // namespace pimloft::bench

@@ -6,18 +6,12 @@
 #include "support/sound_server.h"
 
 #include <chrono>
-#include <thread>
 
 namespace pimloft::bench {
 
 namespace {
 
 using namespace std::chrono_literals;
-
-// Here waiting is what is measured.
-void rest(std::chrono::milliseconds time) {
-    std::this_thread::sleep_for(time);
-}
 
 /// Of the program and of the guard that it started.
 void addMemory(Table &table, const QString &when, std::optional<double> budget, pid_t process) {

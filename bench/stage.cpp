@@ -3,6 +3,8 @@
 
 #include "desktop/support/first_run.h"
 
+#include <thread>
+
 namespace pimloft::bench {
 
 using namespace test;
@@ -47,6 +49,10 @@ void copyText(const Stage &stage, const QString &text) {
     owner->write(text.toUtf8());
     owner->closeWriteChannel();
     owner->waitForFinished();  // it goes on in the background
+}
+
+void rest(std::chrono::milliseconds time) {
+    std::this_thread::sleep_for(time);
 }
 
 }  // namespace pimloft::bench

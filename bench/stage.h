@@ -9,6 +9,7 @@
 #include <QElapsedTimer>
 #include <QJsonObject>
 
+#include <chrono>
 #include <memory>
 #include <vector>
 
@@ -36,6 +37,9 @@ private:
     std::unique_ptr<test::Program> pimloft_;
     std::vector<std::unique_ptr<QProcess>> clients_;
 };
+
+/// Waits where waiting is what is measured.
+void rest(std::chrono::milliseconds time);
 
 /// Has another program copy a text; it stays the owner until somebody else copies.
 void copyText(const Stage &stage, const QString &text);

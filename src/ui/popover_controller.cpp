@@ -18,7 +18,7 @@ PopoverController::PopoverController(AppState &appState, AccessibilityManager &a
                                      QuickEngine &engine, PanelService &panels, DisplayService &displays)
     : appState_(appState), accessibility_(accessibility), engine_(engine), panels_(panels),
       displays_(displays) {
-    connect(&engine_, &QuickEngine::aboutToDrop, this, [this] {
+    connect(&engine_, &QuickEngine::viewsHaveToGo, this, [this] {
         close();
         panel_.reset();
         view_ = nullptr;

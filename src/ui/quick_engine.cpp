@@ -25,15 +25,18 @@ void chooseRenderer() {
 
 }  // namespace
 
-QuickEngine::QuickEngine(std::chrono::milliseconds idle) {
-    idleTimer_.setSingleShot(true);
-    idleTimer_.setInterval(idle);
-    connect(&idleTimer_, &QTimer::timeout, this, &QuickEngine::drop);
+QuickEngine::QuickEngine(const Patience &patience) {
+    for (QTimer *timer : {&restTimer_, &endTimer_})
+        timer->setSingleShot(true);
+    restTimer_.setInterval(patience.untilRest);
+    endTimer_.setInterval(patience.untilEnd);
+    connect(&restTimer_, &QTimer::timeout, this, &QuickEngine::rest);
+    connect(&endTimer_, &QTimer::timeout, this, &QuickEngine::end);
 }
 
 QuickEngine::~QuickEngine() {
     if (engine_)
-        emit aboutToDrop();
+        emit viewsHaveToGo();
 }
 
 QQmlEngine &QuickEngine::engine() {
@@ -43,26 +46,40 @@ QQmlEngine &QuickEngine::engine() {
     engine_ = std::make_unique<QQmlEngine>();
     engine_->addImportPath(QStringLiteral("qrc:/qt/qml"));
     // It may have been made for a view that never comes on screen.
-    idleTimer_.start();
+    startTimers();
     return *engine_;
 }
 
+void QuickEngine::startTimers() {
+    restTimer_.start();
+    endTimer_.start();
+}
+
 std::shared_ptr<void> QuickEngine::use() {
-    idleTimer_.stop();
+    restTimer_.stop();
+    endTimer_.stop();
     if (auto users = users_.lock())
         return users;
     std::shared_ptr<void> users(this, [engine = QPointer(this)](void *) {
         if (engine && engine->exists())
-            engine->idleTimer_.start();
+            engine->startTimers();
     });
     users_ = users;
     return users;
 }
 
-void QuickEngine::drop() {
+void QuickEngine::rest() {
     if (!engine_ || !users_.expired())
         return;
-    emit aboutToDrop();
+    emit viewsHaveToGo();
+    engine_->collectGarbage();
+    returnFreeMemory();
+}
+
+void QuickEngine::end() {
+    rest();
+    if (!users_.expired())
+        return;
     engine_.reset();
     returnFreeMemory();
 }

@@ -11,14 +11,20 @@ class QQmlEngine;
 
 namespace pimloft {
 
-/// The one QML engine of the program. It is made when the first view is, and dropped with its memory some
-/// time after the last view left the screen. Main thread.
+/// The one QML engine of the program, made when the first view is. Some time after the last view left the
+/// screen it rests: no view is kept, and memory is given back, but the next view still comes at once. Much
+/// later it goes altogether. Main thread.
 class QuickEngine : public QObject {
     Q_OBJECT
 
 public:
-    /// `idle`: how long it outlives the last view on screen.
-    explicit QuickEngine(std::chrono::milliseconds idle = std::chrono::seconds(60));
+    /// How long after the last view left the screen.
+    struct Patience {
+        std::chrono::milliseconds untilRest = std::chrono::seconds(60);
+        std::chrono::milliseconds untilEnd = std::chrono::minutes(30);
+    };
+
+    explicit QuickEngine(const Patience &patience);
     ~QuickEngine() override;
 
     /// Made now if there is none.
@@ -30,14 +36,17 @@ public:
 
 signals:
     /// Every view that is left has to be destroyed now.
-    void aboutToDrop();
+    void viewsHaveToGo();
 
 private:
-    void drop();
+    void startTimers();
+    void rest();
+    void end();
 
     std::unique_ptr<QQmlEngine> engine_;
     std::weak_ptr<void> users_;
-    QTimer idleTimer_;
+    QTimer restTimer_;
+    QTimer endTimer_;
 };
 
 }  // namespace pimloft

@@ -17,7 +17,7 @@ public:
     PanelContent(QuickEngine &engine, const Page &page) : PageView(engine, page), engineUse_(engine.use()) {
         setColor(Qt::transparent);
         // Only the end of the program comes to that.
-        connect(&engine, &QuickEngine::aboutToDrop, this, [this] {
+        connect(&engine, &QuickEngine::viewsHaveToGo, this, [this] {
             delete rootObject();
             setSource({});
         });
@@ -29,8 +29,8 @@ private:
 
 }  // namespace
 
-QuickViewHost::QuickViewHost(DisplayService &displays, Theme &theme, std::chrono::milliseconds engineIdle)
-    : displays_(displays), theme_(theme), engine_(engineIdle) {
+QuickViewHost::QuickViewHost(DisplayService &displays, Theme &theme, const QuickEngine::Patience &patience)
+    : displays_(displays), theme_(theme), engine_(patience) {
 }
 
 bool QuickViewHost::offers(const Page &page) const {

@@ -12,9 +12,7 @@ class Theme;
 /// Makes windows around QML pages. Main thread.
 class QuickViewHost final : public ViewHost {
 public:
-    /// `engineIdle`: how long the QML engine outlives the last window.
-    QuickViewHost(DisplayService &displays, Theme &theme,
-                  std::chrono::milliseconds engineIdle = std::chrono::seconds(60));
+    QuickViewHost(DisplayService &displays, Theme &theme, const QuickEngine::Patience &patience = {});
 
     bool offers(const Page &page) const override;
     std::unique_ptr<ViewWindow> makeWindow(const WindowDescription &description) override;

@@ -34,7 +34,7 @@ Qt::WindowFlags flagsOf(const WindowDescription &description) {
 QuickViewWindow::QuickViewWindow(const WindowDescription &description, QuickEngine &engine,
                                  DisplayService &displays, Theme &theme)
     : description_(description), engine_(engine), displays_(displays), theme_(theme) {
-    connect(&engine_, &QuickEngine::aboutToDrop, this, [this] { view_.reset(); });
+    connect(&engine_, &QuickEngine::viewsHaveToGo, this, [this] { view_.reset(); });
 }
 
 QuickViewWindow::~QuickViewWindow() = default;

@@ -250,7 +250,7 @@ TEST_F(PopupView, theEngineIsKeptWhileItIsOpenAndMayGoAfterwards) {
 
 TEST_F(PopupView, theUserInterfaceMayEndBeforeIt) {
     open();
-    emit session.views().engine().aboutToDrop();
+    emit session.views().engine().viewsHaveToGo();
     EXPECT_TRUE(history.controller.isOpen());
     EXPECT_FALSE(qobject_cast<QQuickView *>(window())->rootObject());
 }

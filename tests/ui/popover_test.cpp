@@ -203,7 +203,7 @@ TEST_F(Popover, openSettingsAndQuitCloseItFirst) {
 TEST_F(Popover, letsTheEngineGoAndComesBack) {
     open();
     popover.close();
-    emit session.views().engine().aboutToDrop();
+    emit session.views().engine().viewsHaveToGo();
     EXPECT_TRUE(session.desktop.panels.existing().empty());
     open();
     EXPECT_NE(spoken().find("button: Quit"), std::string::npos);

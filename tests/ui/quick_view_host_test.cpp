@@ -38,8 +38,8 @@ protected:
             .isFloating = true,
             .page = {QUrl(pageAddress), {{QStringLiteral("model"), QVariant::fromValue<QObject *>(&model)}}}};
     }
-    std::unique_ptr<QuickViewHost> host(std::chrono::milliseconds idle = 60s) {
-        return std::make_unique<QuickViewHost>(session.desktop.displays, session.theme(), idle);
+    std::unique_ptr<QuickViewHost> host(const QuickEngine::Patience &patience = {}) {
+        return std::make_unique<QuickViewHost>(session.desktop.displays, session.theme(), patience);
     }
     static PageView *viewOf(ViewWindow &window) { return static_cast<QuickViewWindow &>(window).view(); }
 
@@ -113,10 +113,10 @@ TEST_F(QuickViewHostTest, escapeAndControlWClose) {
 }
 
 TEST_F(QuickViewHostTest, theEngineGoesSomeTimeAfterTheLastWindowClosed) {
-    const auto views = host(10ms);
+    const auto views = host({10ms, 20ms});
     const auto first = views->makeWindow(description());
     const auto second = views->makeWindow(description());
-    QSignalSpy dropped(&views->engine(), &QuickEngine::aboutToDrop);
+    QSignalSpy dropped(&views->engine(), &QuickEngine::viewsHaveToGo);
     first->present();
     second->present();
     first->close();
@@ -128,18 +128,32 @@ TEST_F(QuickViewHostTest, theEngineGoesSomeTimeAfterTheLastWindowClosed) {
     EXPECT_FALSE(viewOf(*first)) << "a view outlives its engine";
 }
 
+TEST_F(QuickViewHostTest, theEngineRestsWithoutViewsLongBeforeItGoes) {
+    const auto views = host({1ms, 60s});
+    const auto window = views->makeWindow(description());
+    for (int round = 1; round <= 3; ++round) {
+        window->present();
+        EXPECT_EQ(model.shown, round) << "the page was not made afresh";
+        const QQmlEngine *engine = &views->engine().engine();
+        window->close();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return !viewOf(*window); }));
+        ASSERT_TRUE(views->engine().exists());
+        EXPECT_EQ(&views->engine().engine(), engine);
+    }
+}
+
 TEST_F(QuickViewHostTest, aWindowThatIsDestroyedOnScreenGivesUpNothingButItsOwnUse) {
-    const auto views = host(1ms);
+    const auto views = host({1ms, 2ms});
     auto window = views->makeWindow(description());
     window->present();
     const auto another = views->engine().use();
-    QSignalSpy dropped(&views->engine(), &QuickEngine::aboutToDrop);
+    QSignalSpy dropped(&views->engine(), &QuickEngine::viewsHaveToGo);
     window.reset();
     EXPECT_FALSE(dropped.wait(50)) << "although it is in use";
 }
 
 TEST_F(QuickViewHostTest, aWindowComesBackAfterTheEngineWent) {
-    const auto views = host(1ms);
+    const auto views = host({1ms, 2ms});
     const auto window = views->makeWindow(description());
     for (int round = 1; round <= 3; ++round) {
         window->present();
@@ -150,7 +164,7 @@ TEST_F(QuickViewHostTest, aWindowComesBackAfterTheEngineWent) {
 }
 
 TEST_F(QuickViewHostTest, theEngineNeverOwnsWhatAPageIsGiven) {
-    auto views = host(1ms);
+    auto views = host({1ms, 2ms});
     auto window = views->makeWindow(description());
     window->present();
     EXPECT_EQ(QJSEngine::objectOwnership(&model), QJSEngine::CppOwnership);
