@@ -98,6 +98,7 @@ void measureManager(Table &table, const Manager &manager, int rounds) {
     constexpr std::size_t fileCount = 3;
     for (std::size_t i = 0; i < fileCount; ++i)
         QFile(folder + QStringLiteral("/%1.txt").arg(i)).open(QIODevice::WriteOnly);
+    stage.session.startAccessibility();
     const auto process = open(stage, manager, folder);
     Bridge bridge(stage.session.home());
     const bool isSelected = test::waitUntil(

@@ -23,6 +23,16 @@ double valueOf(const std::string &file, const std::string &label) {
     return 0;
 }
 
+/// Those that are there while it is looked; the process may be about to end.
+std::vector<std::filesystem::path> threadsOf(pid_t process) {
+    std::vector<std::filesystem::path> threads;
+    std::error_code gone;
+    for (std::filesystem::directory_iterator each(folder(process) + "/task", gone), end; !gone && each != end;
+         each.increment(gone))
+        threads.push_back(each->path());
+    return threads;
+}
+
 }  // namespace
 
 Memory memoryOf(pid_t process) {
@@ -34,8 +44,8 @@ Memory memoryOf(pid_t process) {
 
 std::vector<pid_t> childrenOf(pid_t process) {
     std::vector<pid_t> children;
-    for (const auto &thread : std::filesystem::directory_iterator(folder(process) + "/task")) {
-        std::ifstream stream(thread.path() / "children");
+    for (const std::filesystem::path &thread : threadsOf(process)) {
+        std::ifstream stream(thread / "children");
         for (pid_t child = 0; stream >> child;)
             children.push_back(child);
     }
@@ -53,12 +63,11 @@ void forgetPeak() {
 
 Activity activityOf(pid_t process) {
     Activity activity = {0, 0};
-    std::error_code gone;
-    for (const auto &thread : std::filesystem::directory_iterator(folder(process) + "/task", gone)) {
+    for (const std::filesystem::path &thread : threadsOf(process)) {
         double nanoseconds = 0;
-        std::ifstream(thread.path() / "schedstat") >> nanoseconds;
+        std::ifstream(thread / "schedstat") >> nanoseconds;
         activity.cpuSeconds += nanoseconds / 1e9;
-        activity.wakeUps += valueOf((thread.path() / "status").string(), "voluntary_ctxt_switches:");
+        activity.wakeUps += valueOf((thread / "status").string(), "voluntary_ctxt_switches:");
     }
     return activity;
 }

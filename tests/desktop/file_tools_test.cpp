@@ -24,11 +24,7 @@ class FileToolsTest : public DesktopTest, public testing::WithParamInterface<Man
 protected:
     void SetUp() override {
         openDesktop(QStringLiteral("openbox"));
-        // As sessions do at login: Qt's programs come to this bus only where it runs before them.
-        session().run(QStringLiteral("dbus-send"),
-                      {QStringLiteral("--session"), QStringLiteral("--print-reply"),
-                       QStringLiteral("--dest=org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
-                       QStringLiteral("org.a11y.Bus.GetAddress")});
+        session().startAccessibility();
         startPimloft();
         EXPECT_TRUE(waitUntil([this] { return desktop().isKeyTaken(KEY_V, XCB_MOD_MASK_4); }, 10000));
     }

@@ -46,11 +46,7 @@ SoakDesk::Sound::Sound() : SoundServer(Kind::pulseAudio) {
 SoakDesk::SoakDesk(quint32 seed)
     : session({.windowManager = QStringLiteral("openbox"), .serverArguments = {}}),
       desktop(session.display()), random(seed), tray_(session.display()) {
-    // As sessions do at login.
-    session.run(QStringLiteral("dbus-send"),
-                {QStringLiteral("--session"), QStringLiteral("--print-reply"),
-                 QStringLiteral("--dest=org.a11y.Bus"), QStringLiteral("/org/a11y/bus"),
-                 QStringLiteral("org.a11y.Bus.GetAddress")});
+    session.startAccessibility();
     writeSettings();
     pimloft = std::make_unique<Program>(session);
     const bool isUp = waitUntil(
@@ -132,12 +128,18 @@ bool SoakDesk::waitForPanel(bool open) {
 }
 
 bool SoakDesk::openPanel() {
-    return waitUntil([this] {
+    const bool isOpen = waitUntil([this] {
         // The icon may have to ask for its place again.
         tray_.hasIcon();
         hands.click(TrayHost::frame.center());
         return waitUntil([this] { return hasPanel(); }, 1500);
     });
+    settle();
+    return isOpen;
+}
+
+void SoakDesk::settle() const {
+    say("ping");
 }
 
 std::string SoakDesk::socket() const {

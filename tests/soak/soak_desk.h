@@ -33,8 +33,10 @@ public:
 
     bool hasPanel() { return !desktop.unmanagedWindows(windowClass).empty(); }
     bool waitForPanel(bool open);
-    /// Clicks the icon in the tray until the panel is there.
+    /// Clicks the icon in the tray until the panel is there and has the keyboard.
     bool openPanel();
+    /// Waits until the program has done what it has begun: nobody is quicker than a panel takes the keyboard.
+    void settle() const;
     /// Says a word to the running program as another launch does, without starting one.
     void say(const char *command) const;
     std::string socket() const;

@@ -173,6 +173,12 @@ QString DesktopSession::run(const QString &program, const QStringList &arguments
     return QString::fromUtf8(process->readAllStandardOutput());
 }
 
+void DesktopSession::startAccessibility() const {
+    run(QStringLiteral("dbus-send"),
+        {QStringLiteral("--session"), QStringLiteral("--print-reply"), QStringLiteral("--dest=org.a11y.Bus"),
+         QStringLiteral("/org/a11y/bus"), QStringLiteral("org.a11y.Bus.GetAddress")});
+}
+
 void DesktopSession::startWindowManager(const QString &name) {
     windowManager_ = start(name);
     const bool up = waitUntil([this] {

@@ -36,6 +36,10 @@ public:
     /// Runs a program to its end and answers its standard output.
     QString run(const QString &program, const QStringList &arguments = {}) const;
 
+    /// What sessions do at login: Qt's programs come to the bus of the screen readers only where it runs
+    /// before them.
+    void startAccessibility() const;
+
     void startWindowManager(const QString &name);
     void stopWindowManager();
 
