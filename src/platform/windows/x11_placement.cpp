@@ -115,7 +115,7 @@ void X11Placement::refit() {
     if (requests_ == mostRequests)
         return;
     const auto geometry = readGeometry(session_, window_);
-    if (geometry && geometry->frame() != target_)
+    if (geometry && geometry->extents != extents_ && geometry->frame() != target_)
         request(*geometry);
 }
 
@@ -173,6 +173,7 @@ void X11Placement::request(const X11WindowGeometry &now) {
     // off by them, and the next request is right.
     session_.sendToRoot(window_, session_.atom("_NET_MOVERESIZE_WINDOW"),
                         moveResizeMessage(target_, now.extents, hasStaticGravity()));
+    extents_ = now.extents;
     ++requests_;
     phase_ = Phase::moving;
     limit_.start(longestSilence);
@@ -196,7 +197,9 @@ void X11Placement::judge(const X11WindowGeometry &now) {
 }
 
 void X11Placement::settle(const QRect &frame) {
-    settled_ = frame;
+    // Where it was still changing, it is looked at once more when the watch is over.
+    const bool isStill = answer_ == frame || requests_ < mostRequests;
+    settled_ = isStill ? frame : target_;
     phase_ = Phase::watching;
     limit_.start(isAnswered_ || frame == target_ ? watchTime : placementPatience);
 }

@@ -79,6 +79,7 @@ private:
     int corrections_ = 0;
     std::optional<QRect> answer_;  ///< to the request before
     bool isAnswered_ = false;      ///< something happened since the first request
+    QMargins extents_;             ///< that the last request was made for
     QRect settled_;
     QRect resting_;  ///< the client's rectangle then
     QTimer quiet_;   ///< runs out when the window has been still for a moment
