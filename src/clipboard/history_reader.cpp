@@ -48,7 +48,7 @@ std::optional<QUuid> uuidFrom(const QString &text) {
 }
 
 /// Turns what RapidJSON reads into entries. Answering false ends the reading; `error` then says why.
-class ItemCollector {
+class ItemCollector : public rapidjson::BaseReaderHandler<> {
 public:
     ItemCollector(HistoryStream &stream, HistoryText &text) : stream_(stream), text_(text) {}
 
@@ -147,13 +147,6 @@ public:
         level_ = Level::document;
         return true;
     }
-
-    // The reader asks for numbers as text only; these complete what it expects of a handler.
-    bool Int(int) { return false; }
-    bool Uint(unsigned) { return false; }
-    bool Int64(std::int64_t) { return false; }
-    bool Uint64(std::uint64_t) { return false; }
-    bool Double(double) { return false; }
 
 private:
     enum class Level { document, items, item, content, payload };

@@ -139,7 +139,7 @@ std::optional<KeyMappings> readMappings(const Value *value) {
 
 /// Hands what RapidJSON reads to a document, but for the numbers, which are converted here: RapidJSON's own
 /// conversion reads far outside of its tables when there are many zeros or the exponent is absurd.
-class DocumentBuilder {
+class DocumentBuilder : public rapidjson::BaseReaderHandler<> {
 public:
     explicit DocumentBuilder(rapidjson::Document &document) : document_(document) {}
 
@@ -164,13 +164,6 @@ public:
     bool EndObject(rapidjson::SizeType count) { return document_.EndObject(count); }
     bool StartArray() { return document_.StartArray(); }
     bool EndArray(rapidjson::SizeType count) { return document_.EndArray(count); }
-
-    // The reader asks for numbers as text only; these complete what it expects of a handler.
-    bool Int(int) { return false; }
-    bool Uint(unsigned) { return false; }
-    bool Int64(std::int64_t) { return false; }
-    bool Uint64(std::uint64_t) { return false; }
-    bool Double(double) { return false; }
 
 private:
     rapidjson::Document &document_;
