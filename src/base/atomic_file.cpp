@@ -3,9 +3,10 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
+#include <QTemporaryFile>
 
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/file.h>
@@ -16,8 +17,17 @@ namespace pimloft {
 
 namespace {
 
-/// What QSaveFile names its temporary file with, after the file's own name and a dot.
-constexpr qsizetype randomLetters = 6;
+/// Between the name of a file and the letters of the temporary one that is to replace it.
+constexpr QLatin1String ending(".pimloft-");
+constexpr QLatin1String letters("XXXXXX");
+
+/// A link stays one: what it leads to is replaced.
+QString endOfLinks(const QString &path) {
+    const QFileInfo file(path);
+    if (const QString canonical = file.canonicalFilePath(); !canonical.isEmpty())
+        return canonical;
+    return file.isSymLink() ? file.symLinkTarget() : path;
+}
 
 }  // namespace
 
@@ -50,19 +60,28 @@ std::optional<QString> writeAtomically(const QString &path,
                                        const std::function<std::optional<QString>(int)> &fill) {
     if (!makePrivateFolder(QFileInfo(path).path()))
         return errorText(errno);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) ||
-        !file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner))
+    const QString target = endOfLinks(path);
+    const QByteArray targetName = QFile::encodeName(target);
+    // Who made it unwritable does not want it replaced either.
+    if (access(targetName.constData(), W_OK) != 0 && errno != ENOENT)
+        return errorText(errno);
+    // Without a name where the file system can do that, so that a kill leaves nothing behind.
+    QTemporaryFile file(target + ending + letters);
+    if (!file.open())
         return file.errorString();
     // Tells others that it is not abandoned. Ends with the process, however that ends.
     flock(file.handle(), LOCK_EX | LOCK_NB);
     // Past the file's own buffer, which would not tell that a full disk has cut the last part off.
-    if (auto failure = fill(file.handle())) {
-        file.cancelWriting();
+    if (auto failure = fill(file.handle()))
         return failure;
-    }
-    if (!file.commit())
+    if (fsync(file.handle()) != 0)
+        return errorText(errno);
+    const QString name = file.fileName();
+    if (name.isEmpty())
         return file.errorString();
+    if (std::rename(QFile::encodeName(name).constData(), targetName.constData()) != 0)
+        return errorText(errno);
+    file.setAutoRemove(false);
     return std::nullopt;
 }
 
@@ -74,10 +93,10 @@ std::optional<QString> writeAtomically(const QString &path, const QByteArray &by
 }
 
 void removeAbandonedWrites(const QString &path) {
-    const QFileInfo file(path);
-    const QString prefix = file.fileName() + QLatin1Char('.');
+    const QFileInfo file(endOfLinks(path));
+    const QString prefix = file.fileName() + ending;
     for (const QFileInfo &each : file.dir().entryInfoList(QDir::Files | QDir::Hidden)) {
-        if (!each.fileName().startsWith(prefix) || each.fileName().size() != prefix.size() + randomLetters)
+        if (!each.fileName().startsWith(prefix) || each.fileName().size() != prefix.size() + letters.size())
             continue;
         const QByteArray name = QFile::encodeName(each.filePath());
         const int descriptor = open(name.constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);

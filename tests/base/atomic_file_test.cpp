@@ -112,13 +112,39 @@ TEST(AtomicFile, tellsWhyADescriptorCannotBeWrittenTo) {
     EXPECT_EQ(errorText(EBADF), QStringLiteral("Bad file descriptor"));
 }
 
+TEST(AtomicFile, leavesALinkWhatItIs) {
+    const QTemporaryDir root;
+    const QString link = root.filePath(QStringLiteral("link"));
+    ASSERT_TRUE(QDir(root.path()).mkdir(QStringLiteral("elsewhere")));
+    const QString file = root.filePath(QStringLiteral("elsewhere/file"));
+    ASSERT_TRUE(QFile::link(QStringLiteral("elsewhere/file"), link));
+    const QString chained = root.filePath(QStringLiteral("chained"));
+    ASSERT_TRUE(QFile::link(link, chained));
+    // At first it leads nowhere.
+    for (const QString &name : {link, link, chained}) {
+        ASSERT_EQ(writeAtomically(name, name.toUtf8()), std::nullopt);
+        EXPECT_EQ(content(file), name.toUtf8());
+        EXPECT_TRUE(QFileInfo(link).isSymLink());
+        EXPECT_TRUE(QFileInfo(chained).isSymLink());
+    }
+}
+
 TEST(AtomicFile, removesOnlyWhatWritesOfThisFileHaveLeft) {
     const QTemporaryDir root;
-    for (const char *name : {"file", "file.aBcDeF", "file.bak", "other.aBcDeF"})
+    for (const char *name : {"file", "file.pimloft-aBcDeF", "other.pimloft-aBcDeF"})
         ASSERT_EQ(writeAtomically(root.filePath(QString::fromLatin1(name)), "x"), std::nullopt);
     removeAbandonedWrites(root.filePath(QStringLiteral("file")));
     EXPECT_EQ(QDir(root.path()).entryList(QDir::Files, QDir::Name).join(u' '),
-              QStringLiteral("file file.bak other.aBcDeF"));
+              QStringLiteral("file other.pimloft-aBcDeF"));
+}
+
+TEST(AtomicFile, leavesTheCopiesAloneThatTheUserHasMade) {
+    const QTemporaryDir root;
+    for (const char *name : {"file.backup", "file.pimloft-old", "file.pimloft-backups"})
+        ASSERT_EQ(writeAtomically(root.filePath(QString::fromLatin1(name)), "x"), std::nullopt);
+    removeAbandonedWrites(root.filePath(QStringLiteral("file")));
+    EXPECT_EQ(QDir(root.path()).entryList(QDir::Files, QDir::Name).join(u' '),
+              QStringLiteral("file.backup file.pimloft-backups file.pimloft-old"));
 }
 
 }  // namespace
