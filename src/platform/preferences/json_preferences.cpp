@@ -14,6 +14,8 @@ namespace pimloft {
 namespace {
 
 constexpr std::chrono::milliseconds restAfterWrite{250};
+/// On a disk that is full, or may not be written to, the next try would most likely fail, too.
+constexpr std::chrono::seconds restAfterFailure{10};
 
 }  // namespace
 
@@ -25,7 +27,7 @@ JsonPreferences::JsonPreferences(const QString &folder)
         if (!isDirty_)
             return;
         flush();
-        timer_.start(restAfterWrite);
+        timer_.start(isDirty_ ? restAfterFailure : restAfterWrite);
     });
     if (auto *application = QCoreApplication::instance())
         QObject::connect(application, &QCoreApplication::aboutToQuit, &timer_, [this] { flush(); });
@@ -69,6 +71,8 @@ void JsonPreferences::set(const QString &key, const QVariant &value) {
     isDirty_ = true;
     if (!timer_.isActive())
         timer_.start(0);
+    else if (timer_.remainingTimeAsDuration() > restAfterWrite)
+        timer_.start(restAfterWrite);
 }
 
 void JsonPreferences::flush() {

@@ -12,8 +12,8 @@ namespace pimloft {
 ///
 /// A first change is written when the program returns to its event loop; what follows closely (a slider)
 /// waits a quarter of a second and is then written together, since each write waits for the disk. At most the
-/// changes of that time are lost when the process is killed. Failures are silent: the values hold, and the
-/// next write that succeeds stores all of them.
+/// changes of that time are lost when the process is killed. Failures are silent: the values hold, writing is
+/// tried again every ten seconds, and the write that succeeds stores all of them.
 class JsonPreferences final : public PreferencesService {
 public:
     /// `folder` is where "preferences.json" is or will be.

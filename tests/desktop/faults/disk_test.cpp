@@ -33,7 +33,7 @@ protected:
     void copyUnrecorded(const QByteArray &text) {
         const std::size_t before = said().size();
         copy(QStringLiteral("xclip"), {QStringLiteral("-selection"), QStringLiteral("clipboard")}, text);
-        EXPECT_TRUE(waitUntil([&] { return said().size() > before; }, 10000)) << "it does not say so";
+        EXPECT_TRUE(waitUntil([&] { return said().size() > before; })) << "it does not say so";
     }
     /// The newest entry is in the popup, and arrives where it is pasted, whatever is on the disk.
     void expectToPaste(const std::string &text) {

@@ -72,6 +72,15 @@ TEST_F(JsonPreferencesTest, readsANumberThatTheUserTypedWithoutAPoint) {
     EXPECT_EQ(preferences.integer(name), 50);
 }
 
+TEST_F(JsonPreferencesTest, takesAnEqualValueOfAnotherTypeForAChange) {
+    JsonPreferences preferences(folder());
+    preferences.set(name, 1);
+    preferences.set(name, true);
+    EXPECT_EQ(preferences.object(name).typeId(), QMetaType::Bool);
+    preferences.set(name, 1.0);
+    EXPECT_EQ(preferences.object(name).typeId(), QMetaType::Double);
+}
+
 TEST_F(JsonPreferencesTest, givesAWholeNumberTheTypeThatItIsReadWith) {
     JsonPreferences preferences(folder());
     preferences.set(name, 50);

@@ -85,9 +85,25 @@ TEST(PreferencesDocument, takesTheLastOfTwoValuesOfOneName) {
     EXPECT_FALSE(parsePreferences("{\"a\":2,\"a\":null}")->values.contains(QStringLiteral("a")));
 }
 
+TEST(PreferencesDocument, equalsAnotherFieldByField) {
+    EXPECT_EQ(parsePreferences("{\"a\":1,\"b\":null}"), parsePreferences("{\"b\":null,\"a\":1}"));
+    EXPECT_NE(parsePreferences("{\"a\":1,\"b\":null}"), parsePreferences("{\"a\":2,\"b\":null}"));
+    EXPECT_NE(parsePreferences("{\"a\":1,\"b\":null}"), parsePreferences("{\"a\":1,\"b\":{}}"));
+}
+
 TEST(PreferencesDocument, readsNestingOfAnyDepth) {
     const QByteArray deep = QByteArray(1'000'000, '[') + QByteArray(1'000'000, ']');
     EXPECT_EQ(kept(deep), deep);
+}
+
+TEST(PreferencesDocument, readsAnExponentInEitherCase) {
+    EXPECT_EQ(read("1e5"), QVariant(1e5));
+    EXPECT_EQ(read("1E5"), QVariant(1e5));
+}
+
+TEST(PreferencesDocument, writesAWholeNumberOfEitherSize) {
+    EXPECT_EQ(written(5), "{ \"key\": 5 }");
+    EXPECT_EQ(written(5LL), "{ \"key\": 5 }");
 }
 
 TEST(PreferencesDocument, leavesOutWhatJsonCannotHold) {
