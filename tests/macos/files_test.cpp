@@ -9,6 +9,8 @@
 #include <QTemporaryDir>
 
 #include <cerrno>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace pimloft::test {
 
@@ -111,6 +113,18 @@ TEST_F(MacFilesTest, leavesNothingOfACopyThatFails) {
     mac::fileSystem().copyError = ENOSPC;
     const auto staged = stage(QStringLiteral("report.txt"));
     EXPECT_EQ(staged.error->problem, FileProblem::noSpace);
+    EXPECT_EQ(names(QStringLiteral("target")), "");
+}
+
+TEST_F(MacFilesTest, leavesAFolderAloneThatItMayNotLookThrough) {
+    if (geteuid() == 0)
+        GTEST_SKIP() << "root may look everywhere";
+    QDir(folder_.path()).mkpath(QStringLiteral("album/closed"));
+    ASSERT_EQ(chmod(qPrintable(at(QStringLiteral("album/closed"))), 0), 0);
+    const auto staged = stage(QStringLiteral("album"));
+    chmod(qPrintable(at(QStringLiteral("album/closed"))), 0700);
+    ASSERT_TRUE(staged.error);
+    EXPECT_EQ(staged.error->problem, FileProblem::noPermission);
     EXPECT_EQ(names(QStringLiteral("target")), "");
 }
 

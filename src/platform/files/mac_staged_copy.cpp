@@ -93,7 +93,8 @@ MacStagedCopy::~MacStagedCopy() {
 }
 
 int MacStagedCopy::make(const FileService::IsCancelled &isCancelled) {
-    record();
+    if (const int error = record())
+        return error;
     hidden_ = folder_ + '/' + hiddenName(original_);
     if (const int error = copy(original_, hidden_, isCancelled))
         return error;
@@ -138,13 +139,16 @@ bool MacStagedCopy::isStill(const Entry &entry) {
                       (now.status.st_size == entry.status.st_size && now.modified == entry.modified));
 }
 
-void MacStagedCopy::record() {
+/// Zero or the error number: what cannot be looked at could not be removed either.
+int MacStagedCopy::record() {
     entries_ = {look(original_)};
-    std::error_code ignored;
+    std::error_code error;
     if (!S_ISDIR(entries_.front().status.st_mode))
-        return;
-    for (const auto &each : fs::recursive_directory_iterator(original_, ignored))
-        entries_.push_back(look(each.path().string()));
+        return 0;
+    fs::recursive_directory_iterator each(original_, error);
+    for (; !error && each != fs::recursive_directory_iterator(); each.increment(error))
+        entries_.push_back(look(each->path().string()));
+    return error.value();
 }
 
 }  // namespace pimloft

@@ -36,7 +36,7 @@ private:
     };
     static Entry look(const std::string &path);
     static bool isStill(const Entry &entry);
-    void record();
+    int record();
 
     const std::string original_;
     const std::string folder_;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/files/staged_tree.h"
 
-#include "platform/files/linux_files.h"
+#include "platform/files/file_error.h"
 #include "platform/files/no_replace_rename.h"
 #include "platform/files/tree_copy.h"
 #include "platform/files/tree_removal.h"
@@ -29,10 +29,6 @@ bool isTaken(int folder, const QByteArray &name) {
     return fstatat(folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
-FileOutcome outcome(int number) {
-    return number ? std::optional(fileError(number)) : std::nullopt;
-}
-
 }  // namespace
 
 StagedTree::StagedTree(const FileCalls &calls, Descriptor source, Descriptor target)
@@ -56,7 +52,7 @@ FileOutcome StagedTree::placeAs(const QByteArray &name) {
     const int error = renameNeverReplacing(calls_, {target_.get(), hiddenName_.constData()},
                                            {target_.get(), name.constData()});
     if (error)
-        return outcome(error);
+        return fileOutcome(error);
     hiddenName_.clear();
     // The name is to outlive the original when the power fails. A folder that may not be read cannot be told.
     const Descriptor folder(openat(target_.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -66,7 +62,7 @@ FileOutcome StagedTree::placeAs(const QByteArray &name) {
 }
 
 FileOutcome StagedTree::removeOriginal() {
-    return outcome(removeCopied(calls_, source_.get(), original_));
+    return fileOutcome(removeCopied(calls_, source_.get(), original_));
 }
 
 }  // namespace pimloft
