@@ -45,7 +45,7 @@ std::optional<QPointF> FakeWindows::position(const WindowReference &window) {
 
 std::optional<QSizeF> FakeWindows::size(const WindowReference &window) {
     const Window *known = resolve(window);
-    return known && known->readable ? std::optional(known->frame.size()) : std::nullopt;
+    return known && known->readable && known->sizeKnown ? std::optional(known->frame.size()) : std::nullopt;
 }
 
 void FakeWindows::place(const WindowReference &window, const QRectF &frame) {

@@ -16,6 +16,7 @@ public:
         ProcessId process{};
         QRectF frame;              ///< accessibility points
         bool readable = true;      ///< false: position and size cannot be had
+        bool sizeKnown = true;     ///< false: its size cannot be had
         bool processKnown = true;  ///< false: its process cannot be had
         bool gone = false;         ///< the user closed it
     };

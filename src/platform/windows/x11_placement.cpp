@@ -129,12 +129,20 @@ void X11Placement::rest(const X11WindowGeometry &now) {
 void X11Placement::fitToLateExtents() {
     const auto geometry = readGeometry(session_, window_);
     // Elsewhere it is by somebody's wish.
-    if (!geometry || geometry->client != resting_ || !heldGroups().empty() || isButtonDown()) {
+    if (!geometry || geometry->client != resting_ || !heldGroups().empty())
+        finish();
+    else if (geometry->frame() != target_)
+        correct(*geometry);
+}
+
+void X11Placement::correct(const X11WindowGeometry &now) {
+    // A program that insists has its way in the end, and so has whoever moves the window by hand.
+    if (corrections_ == mostCorrections || isButtonDown()) {
         finish();
         return;
     }
-    if (geometry->frame() != target_)
-        begin(*geometry);
+    ++corrections_;
+    begin(now);
 }
 
 void X11Placement::handleTimeout() {
@@ -208,12 +216,7 @@ void X11Placement::review(const X11WindowGeometry &now) {
     const QRect frame = now.frame();
     if ((frame == settled_ || frame == target_) && heldGroups().empty())
         return;
-    if (corrections_ == mostCorrections || isButtonDown()) {
-        finish();
-        return;
-    }
-    ++corrections_;
-    begin(now);
+    correct(now);
 }
 
 void X11Placement::finish() {

@@ -63,6 +63,7 @@ private:
     void judge(const X11WindowGeometry &now);
     void settle(const QRect &frame);
     void review(const X11WindowGeometry &now);
+    void correct(const X11WindowGeometry &now);
     void finish();
 
     /// One or two states that are left with one message.

@@ -99,22 +99,41 @@ TEST_F(Fault, aWindowThatIsMovedAwayRightAfterwardsIsBroughtBackButNotForEver) {
     EXPECT_LE(moves, 3);
 }
 
-TEST_F(Fault, aWindowThatChangesItsShadowAfterwardsIsFittedAgain) {
-    const auto reference = openFocused({.shadow = QMargins(26, 23, 26, 29)});
-    windows.place(reference, target);
-    ASSERT_TRUE(waitUntil([&] { return client.visibleFrame(window) == target; }));
-    client.setCardinals(window, "_GTK_FRAME_EXTENTS", {10, 10, 8, 12});
-    ASSERT_NE(text(client.visibleFrame(window)), text(target));
-    expectFrame(target);
+/// Changes the shadow when the window has stood there for so many milliseconds.
+class Shadow : public Fault {
+protected:
+    void expectToBeMadeUpForAfter(int quiet) {
+        const auto reference = openFocused({.shadow = QMargins(26, 23, 26, 29)});
+        windows.place(reference, target);
+        expectFrame(target, quiet);
+        client.setCardinals(window, "_GTK_FRAME_EXTENTS", {10, 10, 8, 12});
+        EXPECT_NE(text(client.visibleFrame(window)), text(target));
+        expectFrame(target);
+    }
+};
+
+TEST_F(Shadow, thatChangesAtOnceIsMadeUpFor) {
+    expectToBeMadeUpForAfter(0);
 }
 
-TEST_F(Fault, aWindowThatChangesItsShadowLateIsFittedAgain) {
-    const auto reference = openFocused({.shadow = QMargins(26, 23, 26, 29)});
-    windows.place(reference, target);
-    expectFrame(target, 400);
-    client.setCardinals(window, "_GTK_FRAME_EXTENTS", {10, 10, 8, 12});
-    EXPECT_NE(text(client.visibleFrame(window)), text(target));
-    expectFrame(target);
+TEST_F(Shadow, thatChangesLateIsMadeUpFor) {
+    expectToBeMadeUpForAfter(400);
+}
+
+TEST_F(Shadow, thatGoesOnChangingHasItsWayInTheEnd) {
+    expectToBeMadeUpForAfter(400);
+    int corrections = 1;
+    EXPECT_TRUE(waitUntil(
+        [&] {
+            const std::uint32_t width = 12 + 2 * std::uint32_t(corrections);
+            client.setCardinals(window, "_GTK_FRAME_EXTENTS", {width, width, width, width});
+            if (!waitUntil([&] { return client.visibleFrame(window) == target; }, 500))
+                return true;
+            ++corrections;
+            return waitUntil([&] { return client.visibleFrame(window) != target; }, 400);
+        },
+        10000));
+    EXPECT_EQ(corrections, 2);
 }
 
 TEST_F(Fault, aWindowThatIsMovedStaysThereThoughItsShadowChangesLate) {

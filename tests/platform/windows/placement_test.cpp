@@ -54,7 +54,7 @@ protected:
 
     WindowReference startProgram(const QString &program, const QStringList &arguments, const char *title) {
         process_ = currentSession().start(program, arguments);
-        EXPECT_TRUE(waitUntil([&] { return client.find(title) != XCB_NONE; }, 10000)) << title;
+        EXPECT_TRUE(waitUntil([&] { return client.find(title) != XCB_NONE; })) << title;
         window = client.find(title);
         return focus(window);
     }
