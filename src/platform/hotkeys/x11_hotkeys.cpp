@@ -10,24 +10,17 @@ namespace {
 /// Modifier keys in the state of a key event; above them stand mouse buttons and the layout.
 constexpr std::uint16_t modifierBits = 0xff;
 
-/// The server's clock starts anew after 49 days, so that what is long past may look like the future.
-bool isShortlyBefore(xcb_timestamp_t time, xcb_timestamp_t other) {
-    constexpr xcb_timestamp_t longestDelay = 10000;
-    const xcb_timestamp_t earlier = other - time;
-    return earlier > 0 && earlier < longestDelay;
-}
-
 }  // namespace
 
 X11Hotkeys::X11Hotkeys(X11Session &session, X11Keyboard &keyboard, X11RawInput &input)
     : session_(session), keyboard_(keyboard), releases_(input.watch([this](const X11RawInput::Event &event) {
-          handleRelease(xcb_keycode_t(event.detail), event.time);
+          handleRelease(xcb_keycode_t(event.detail));
       })),
       events_(session.subscribe([this](const xcb_generic_event_t &event) { handle(event); })) {
     connect(&keyboard, &X11Keyboard::mapChanged, this, &X11Hotkeys::regrabAll);
     // Without raw events nobody tells of a release that goes to another window.
     if (!input.isSupported())
-        connect(&keyboard, &X11Keyboard::hotkeyGrabEnded, this, [this] { held_.clear(); });
+        connect(&keyboard, &X11Keyboard::hotkeyGrabEnded, this, [this] { held_.reset(); });
 }
 
 bool X11Hotkeys::grant(KeyCode key, CarbonModifiers modifiers, HotkeyId id) {
@@ -36,7 +29,11 @@ bool X11Hotkeys::grant(KeyCode key, CarbonModifiers modifiers, HotkeyId id) {
     });
     if (known != hotkeys_.end()) {
         known->id = id;
-        return true;
+        // Where its key moved with the layout, another program may have had the new place.
+        if (known->code != 0 || grab(*known))
+            return true;
+        hotkeys_.erase(known);
+        return false;
     }
     Hotkey hotkey{.key = key, .modifiers = modifiers, .id = id};
     if (!grab(hotkey))
@@ -101,16 +98,12 @@ void X11Hotkeys::handle(const xcb_generic_event_t &event) {
     if (type == XCB_KEY_PRESS)
         takePress(key);
     else
-        handleRelease(key.detail, key.time);
+        handleRelease(key.detail);
 }
 
 bool X11Hotkeys::takePress(const xcb_key_press_event_t &event) {
     // A repeat, or the key that opened a window which now holds the keyboard.
-    if (held_.contains(event.detail))
-        return true;
-    // A repeat that was on its way to that window when the key was let go.
-    const auto released = released_.find(event.detail);
-    if (released != released_.end() && isShortlyBefore(event.time, released->second))
+    if (held_.test(event.detail))
         return true;
     const std::uint16_t modifiers = event.state & modifierBits & ~keyboard_.map().locks();
     const auto pressed = std::find_if(hotkeys_.begin(), hotkeys_.end(), [&](const Hotkey &each) {
@@ -118,7 +111,7 @@ bool X11Hotkeys::takePress(const xcb_key_press_event_t &event) {
     });
     if (pressed == hotkeys_.end())
         return false;
-    held_.insert(event.detail);
+    held_.set(event.detail);
     listenForReleases();
     if (onPressed)
         onPressed(pressed->id);
@@ -126,23 +119,22 @@ bool X11Hotkeys::takePress(const xcb_key_press_event_t &event) {
 }
 
 bool X11Hotkeys::takeRelease(const xcb_key_release_event_t &event) {
-    const bool ours = held_.contains(event.detail);
-    handleRelease(event.detail, event.time);
+    const bool ours = held_.test(event.detail);
+    handleRelease(event.detail);
     return ours;
 }
 
-void X11Hotkeys::handleRelease(xcb_keycode_t key, xcb_timestamp_t time) {
+void X11Hotkeys::handleRelease(xcb_keycode_t key) {
     // A key that a program let go, to press it anew, is still under the user's finger.
-    if (!held_.contains(key) || keyboard_.isHeld(key))
+    if (!held_.test(key) || keyboard_.isHeld(key))
         return;
-    held_.erase(key);
-    released_[key] = time;
+    held_.reset(key);
     listenForReleases();
 }
 
 /// A release goes to another window once the hotkey's hold on the keyboard was ended.
 void X11Hotkeys::listenForReleases() {
-    releases_->want(held_.empty() ? 0 : X11RawInput::keyRelease);
+    releases_->want(held_.none() ? 0 : X11RawInput::keyRelease);
 }
 
 }  // namespace pimloft

@@ -2,12 +2,11 @@
 #pragma once
 
 #include "platform/hotkeys/hotkeys.h"
+#include "platform/x11/key_devices.h"
 #include "platform/x11/x11_keyboard.h"
 
 #include <QObject>
 
-#include <map>
-#include <set>
 #include <vector>
 
 namespace pimloft {
@@ -27,6 +26,9 @@ public:
     bool takePress(const xcb_key_press_event_t &event);
     bool takeRelease(const xcb_key_release_event_t &event);
 
+    /// The keys that were pressed as hotkeys and that the user has not let go yet, as far as was told.
+    const KeySet &held() const { return held_; }
+
 private:
     struct Hotkey {
         KeyCode key;
@@ -38,7 +40,7 @@ private:
     };
 
     void handle(const xcb_generic_event_t &event);
-    void handleRelease(xcb_keycode_t key, xcb_timestamp_t time);
+    void handleRelease(xcb_keycode_t key);
     bool grab(Hotkey &hotkey);
     void ungrab(Hotkey &hotkey);
     void regrabAll();
@@ -47,8 +49,7 @@ private:
     X11Session &session_;
     X11Keyboard &keyboard_;
     std::vector<Hotkey> hotkeys_;
-    std::set<xcb_keycode_t> held_;                       ///< pressed as a hotkey and not let go yet
-    std::map<xcb_keycode_t, xcb_timestamp_t> released_;  ///< when the others were let go
+    KeySet held_;
     std::unique_ptr<X11RawInput::Watch> releases_;
     std::unique_ptr<X11Session::Subscription> events_;
 };

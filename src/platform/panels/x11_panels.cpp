@@ -4,6 +4,10 @@
 #include "platform/panels/x11_overlay.h"
 #include "platform/panels/x11_popup.h"
 
+#include <QGuiApplication>
+
+#include <algorithm>
+
 namespace pimloft {
 
 X11Panels::X11Panels(const Desktop &desktop, std::chrono::milliseconds idle)
@@ -12,6 +16,7 @@ X11Panels::X11Panels(const Desktop &desktop, std::chrono::milliseconds idle)
         for (X11Panel *panel : panels_)
             panel->applyBlending();
     });
+    qGuiApp->installNativeEventFilter(this);
 }
 
 X11Panels::~X11Panels() = default;
@@ -27,6 +32,18 @@ std::unique_ptr<Panel> X11Panels::create(PanelKind kind, std::unique_ptr<QWindow
 void X11Panels::endTyping() {
     if (typing_)
         typing_->releaseTyping();
+}
+
+/// Keeps from Qt that a window came up which it has taken down again since. It would believe that to be the
+/// window's state, and complain when it shows it anew.
+bool X11Panels::nativeEventFilter(const QByteArray &, void *message, qintptr *) {
+    const auto &event = *static_cast<const xcb_generic_event_t *>(message);
+    if (X11Session::type(event) != XCB_MAP_NOTIFY)
+        return false;
+    const xcb_window_t window = reinterpret_cast<const xcb_map_notify_event_t &>(event).window;
+    return std::any_of(panels_.begin(), panels_.end(), [window](const X11Panel *panel) {
+        return panel->id() == window && !panel->isShown();
+    });
 }
 
 }  // namespace pimloft

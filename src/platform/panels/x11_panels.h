@@ -9,6 +9,8 @@
 #include "platform/x11/x11_active_window.h"
 #include "platform/x11/x11_compositor.h"
 
+#include <QAbstractNativeEventFilter>
+
 #include <chrono>
 #include <optional>
 #include <vector>
@@ -20,7 +22,7 @@ class X11Panel;
 class X11Popup;
 
 /// Panels as windows that no window manager touches. Main thread, with a QGuiApplication on X11.
-class X11Panels final : public QObject, public PanelService {
+class X11Panels final : public QObject, public PanelService, private QAbstractNativeEventFilter {
     Q_OBJECT
 
 public:
@@ -49,6 +51,8 @@ private:
     friend class X11Overlay;
     friend class X11Panel;
     friend class X11Popup;
+
+    bool nativeEventFilter(const QByteArray &type, void *message, qintptr *result) override;
 
     const Desktop desktop_;
     const std::chrono::milliseconds idle_;

@@ -57,14 +57,16 @@ bool X11Popup::show(const QRectF &frame) {
 }
 
 bool X11Popup::takeKeyboard() {
+    const KeySet pressedAsHotkeys = panels_.desktop_.hotkeys.held();
     // As long as the hotkey that opened the popup is held, its grab is in the way.
     panels_.desktop_.keyboard.endHotkeyGrab();
     qGuiApp->installNativeEventFilter(this);
     typing_ = content().setKeyboardGrabEnabled(true);
-    const auto cookie = xcb_get_input_focus(connection());
-    const XcbReply<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(connection(), cookie, nullptr));
-    grabbed_ = cookie.sequence;
+    grabbed_ = xcb_no_operation(connection()).sequence;
+    // What is down now is let go in the events of this window; and those that come after the answer have a
+    // higher number.
+    hotkeys_ = pressedAsHotkeys & keysDown(connection());
+    released_ = {};
     if (typing_)
         panels_.typing_ = this;
     else
@@ -141,11 +143,11 @@ bool X11Popup::nativeEventFilter(const QByteArray &, void *message, qintptr *) {
         if (key.event != id())
             return false;
         idle_.start();
-        return panels_.desktop_.hotkeys.takePress(key);
+        return takePress(key);
     }
     case XCB_KEY_RELEASE: {
         const auto &key = reinterpret_cast<const xcb_key_release_event_t &>(event);
-        return key.event == id() && panels_.desktop_.hotkeys.takeRelease(key);
+        return key.event == id() && takeRelease(key);
     }
     case XCB_FOCUS_OUT: {
         const auto &focus = reinterpret_cast<const xcb_focus_out_event_t &>(event);
@@ -158,6 +160,37 @@ bool X11Popup::nativeEventFilter(const QByteArray &, void *message, qintptr *) {
     default:
         return false;
     }
+}
+
+/// True for a hotkey and its repeats. Only the window's own events tell which presses are repeats: other
+/// connections hear of the key's end earlier.
+bool X11Popup::takePress(const xcb_key_press_event_t &key) {
+    // Qt's connection is told of a repeat as of a release and a press at the same time.
+    const bool isRepeat = released_.detail == key.detail && released_.time == key.time;
+    settleRelease(isRepeat);
+    if (hotkeys_.test(key.detail))
+        return true;
+    // A hotkey may be the end of this popup.
+    hotkeys_.set(key.detail);
+    if (panels_.desktop_.hotkeys.takePress(key))
+        return true;
+    hotkeys_.reset(key.detail);
+    return false;
+}
+
+bool X11Popup::takeRelease(const xcb_key_release_event_t &key) {
+    settleRelease(false);
+    const bool ours = hotkeys_.test(key.detail);
+    if (ours)
+        released_ = key;
+    return panels_.desktop_.hotkeys.takeRelease(key) || ours;
+}
+
+/// What came next shows whether the last release was one.
+void X11Popup::settleRelease(bool isRepeat) {
+    if (!isRepeat)
+        hotkeys_.reset(released_.detail);
+    released_ = {};
 }
 
 bool X11Popup::eventFilter(QObject *content, QEvent *event) {

@@ -308,6 +308,27 @@ TEST_F(PopupTest, whatEndedOneShowIsNotToldToTheNext) {
     EXPECT_TRUE(waitUntil([&] { return !dismissals.empty(); }));
 }
 
+TEST_F(PopupTest, mayBeShownAgainBeforeQtHearsThatItWasUp) {
+    show();
+    popup->orderOut();
+    EXPECT_TRUE(waitUntil([&] { return !isMapped(*popup); }));
+    settle();
+    xcb_map_notify_event_t late{};
+    late.response_type = XCB_MAP_NOTIFY;
+    late.event = late.window = id(*popup);
+    late.override_redirect = true;
+    xcb_send_event(session.connection(), false, id(*popup), XCB_EVENT_MASK_STRUCTURE_NOTIFY,
+                   reinterpret_cast<const char *>(&late));
+    settle();
+    static QStringList complaints;
+    const auto handler = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext &, const QString &text) { complaints << text; });
+    show();
+    qInstallMessageHandler(handler);
+    EXPECT_EQ(complaints.join(QLatin1Char('\n')), QString());
+    EXPECT_TRUE(isMapped(*popup));
+}
+
 TEST_F(PopupTest, withoutACompositorItIsThereOrNot) {
     popup->setOpacity(0);
     EXPECT_TRUE(popup->show(desktop(place)));
