@@ -40,6 +40,7 @@ pimloft_library(pimloft_platform_linux
         x11/x11_window_info.cpp x11/x11_window_info.h
         appearance/linux_appearance.cpp appearance/linux_appearance.h
         appearance/xsettings.cpp appearance/xsettings.h
+        background.h
         audio/pulse_audio.cpp audio/pulse_audio.h
         audio/pulse_loop.cpp audio/pulse_loop.h
         audio/pulse_server.cpp audio/pulse_server.h
@@ -53,7 +54,6 @@ pimloft_library(pimloft_platform_linux
         displays/x11_struts.cpp displays/x11_struts.h
         filemanager/accessible_reader.cpp filemanager/accessible_reader.h
         filemanager/accessible_tree.h
-        filemanager/background.h
         filemanager/bus_call.cpp filemanager/bus_call.h
         filemanager/dolphin_window.cpp filemanager/dolphin_window.h
         filemanager/file_manager_copy.cpp filemanager/file_manager_copy.h
@@ -108,6 +108,7 @@ pimloft_library(pimloft_platform_linux
         scripting/mpris_player.h
         scripting/mpris_players.cpp scripting/mpris_players.h
         scripting/player_scripts.cpp scripting/player_scripts.h
+        scripting/session_bus.cpp scripting/session_bus.h
         templates_menu/template_entries.cpp templates_menu/template_entries.h
         templates_menu/template_record.cpp templates_menu/template_record.h
         templates_menu/xdg_templates_menu.cpp templates_menu/xdg_templates_menu.h

@@ -19,6 +19,7 @@
 #include "platform/scripting/finder_scripts.h"
 #include "platform/scripting/linux_scripting.h"
 #include "platform/scripting/player_scripts.h"
+#include "platform/scripting/session_bus.h"
 #include "platform/templates_menu/xdg_templates_menu.h"
 #include "platform/windows/x11_windows.h"
 #include "platform/workspace/x11_workspace.h"
@@ -56,10 +57,12 @@ class LinuxHost final : public Host {
 public:
     explicit LinuxHost(const Dirs &dirs)
         : preferences_(dirs.preferences), loginItem_(dirs.autostart, QCoreApplication::applicationFilePath()),
-          displays_(session_, scaleOfLogin()), appearance_(session_, bus_), keyTap_(keyboard_, dirs.keyGuard),
-          diagnosis_(session_, keyTap_, audio_, sessionType_, bus_),
+          displays_(session_, scaleOfLogin()), appearance_(session_, bus_.connection()),
+          keyTap_(keyboard_, dirs.keyGuard),
+          diagnosis_(session_, keyTap_, audio_, sessionType_, bus_.connection()),
           windows_(session_, displays_, sessionType_), mouse_(input_, displays_),
-          hotkeys_(session_, keyboard_, input_), workspace_(session_, activeWindow_, dirs.help, bus_),
+          hotkeys_(session_, keyboard_, input_),
+          workspace_(session_, activeWindow_, dirs.help, bus_.connection()),
           panels_({.displays = displays_,
                    .keyboard = keyboard_,
                    .hotkeys = hotkeys_,
@@ -70,8 +73,8 @@ public:
           keys_(
               keyboard_, [this] { panels_.endTyping(); }, [this] { return chordInFront(); }),
           pasteboard_([this](ProcessId process) { return workspace_.bundleId(process); }),
-          scripting_(scriptHandlers()), templatesMenu_(dirs.support),
-          end_(session_, [this] { saveAtTheLastMoment(); }) {}
+          scripting_(scriptHandlers(), [this] { return scriptHandlersOnANewBus(); }),
+          templatesMenu_(dirs.support), end_(session_, [this] { saveAtTheLastMoment(); }) {}
 
     Platform platform() override {
         return {.appearance = appearance_,
@@ -109,20 +112,27 @@ private:
         return chord;
     }
 
-    std::vector<std::unique_ptr<ScriptHandler>> scriptHandlers() {
-        std::vector<std::unique_ptr<ScriptHandler>> handlers;
-        handlers.push_back(std::make_unique<PlayerScripts>(
-            bus_, [this](const MprisPlayer &player) { return workspace_.identifyPlayer(player); }));
+    LinuxScripting::Handlers scriptHandlers() {
+        LinuxScripting::Handlers handlers;
+        handlers.push_back(
+            std::make_unique<PlayerScripts>(bus_.connection(), [this](const MprisPlayer &player) {
+                return workspace_.identifyPlayer(player);
+            }));
         handlers.push_back(
             std::make_unique<FinderScripts>(std::make_unique<FileManagers>(FileManagers::Surroundings{
                 .session = session_,
                 .pasteboard = pasteboard_,
                 .keys = keys_,
-                .bus = bus_,
+                .bus = bus_.connection(),
                 .isFileManager = [this](xcb_window_t window) { return isFinder(window); },
                 .home = QFile::encodeName(QDir::homePath()),
                 .desktop = desktopFolder})));
         return handlers;
+    }
+
+    /// None unless the session's bus has gone and is there again.
+    LinuxScripting::Handlers scriptHandlersOnANewBus() {
+        return bus_.renew() ? scriptHandlers() : LinuxScripting::Handlers();
     }
 
     bool isFinder(xcb_window_t window) {
@@ -130,7 +140,7 @@ private:
     }
 
     const QString sessionType_ = qEnvironmentVariable("XDG_SESSION_TYPE");
-    const QDBusConnection bus_ = QDBusConnection::sessionBus();
+    SessionBus bus_{QDBusConnection::sessionBus()};
     X11Session session_;
     X11RawInput input_{session_};
     X11Keyboard keyboard_{session_, input_};

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/filemanager/accessible_reader.h"
 
-#include "platform/filemanager/background.h"
+#include "platform/background.h"
 #include "platform/filemanager/bus_call.h"
 
 #include <QDBusArgument>
@@ -55,7 +55,6 @@ struct AccessibleReader::Reading {
     AccessibleTree tree = {};
     Elements elements = {};  ///< of the nodes
     int open = 0;
-    std::vector<AccessibleNode> windows = {};
 };
 
 AccessibleReader::AccessibleReader(QDBusConnection session) : session_(std::move(session)) {
@@ -175,30 +174,32 @@ void AccessibleReader::findProgram(const Shared &reading) {
 void AccessibleReader::findWindow(const Shared &reading, const Element &program) {
     askChildren(reading, program, [this, reading](const Elements &windows) {
         const auto asked = std::make_shared<int>(2 * int(windows.size()));
-        reading->windows.resize(windows.size());
+        // A process may be on the bus more than once, each time with other windows.
+        const auto known = std::make_shared<AccessibleTree>(windows.size());
         for (std::size_t i = 0; i < windows.size(); ++i) {
-            const auto learned = [this, reading, windows, asked] {
+            const auto learned = [this, reading, windows, known, asked] {
                 if (--*asked == 0)
-                    chooseWindow(reading, windows);
+                    chooseWindow(reading, windows, *known);
             };
             ask(reading, windows[i], accessible, "GetState", {},
-                [reading, i, learned](const QVariantList &answer) {
-                    reading->windows[i].states = states(answer);
+                [known, i, learned](const QVariantList &answer) {
+                    (*known)[i].states = states(answer);
                     learned();
                 });
-            askProperty(reading, windows[i], "Name", [reading, i, learned](const QVariant &name) {
-                reading->windows[i].name = name.toString();
+            askProperty(reading, windows[i], "Name", [known, i, learned](const QVariant &name) {
+                (*known)[i].name = name.toString();
                 learned();
             });
         }
     });
 }
 
-void AccessibleReader::chooseWindow(const Shared &reading, const Elements &windows) {
+void AccessibleReader::chooseWindow(const Shared &reading, const Elements &windows,
+                                    const AccessibleTree &known) {
     for (const bool byTitle : {false, true}) {
         std::vector<std::size_t> found;
         for (std::size_t i = 0; i < windows.size(); ++i) {
-            const AccessibleNode &window = reading->windows[i];
+            const AccessibleNode &window = known[i];
             if (byTitle ? window.name == reading->title : window.has(AccessibleNode::active))
                 found.push_back(i);
         }

@@ -45,7 +45,7 @@ private:
     void connected();
     void findProgram(const Shared &reading);
     void findWindow(const Shared &reading, const Element &program);
-    void chooseWindow(const Shared &reading, const Elements &windows);
+    void chooseWindow(const Shared &reading, const Elements &windows, const AccessibleTree &known);
     void add(const Shared &reading, const Element &element, int parent);
     void learn(const Shared &reading, int node);
     void ask(const Shared &reading, const Element &element, const char *interface, const char *method,

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/filemanager/folder_question.h"
 
-#include "platform/filemanager/background.h"
+#include "platform/background.h"
 #include "platform/filemanager/dolphin_window.h"
 #include "platform/filemanager/inotify_watches.h"
 #include "platform/filemanager/open_locations.h"

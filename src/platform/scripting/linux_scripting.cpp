@@ -5,12 +5,18 @@
 
 namespace pimloft {
 
-LinuxScripting::LinuxScripting(std::vector<std::unique_ptr<ScriptHandler>> handlers)
-    : handlers_(std::move(handlers)) {
+LinuxScripting::LinuxScripting(Handlers handlers, std::function<Handlers()> renewed)
+    : handlers_(std::move(handlers)), renewed_(std::move(renewed)) {
 }
 
 void LinuxScripting::run(const QString &text, QObject *context, Done done) {
-    const auto answer = [context = QPointer(context), done = std::move(done)](const ScriptResult &result) {
+    if (*underWay_ == 0)
+        if (Handlers renewed = renewed_(); !renewed.empty())
+            handlers_ = std::move(renewed);
+    ++*underWay_;
+    const auto answer = [context = QPointer(context), done = std::move(done),
+                         underWay = underWay_](const ScriptResult &result) {
+        --*underWay;
         if (context)
             QMetaObject::invokeMethod(
                 context, [done, result] { done(result); }, Qt::QueuedConnection);

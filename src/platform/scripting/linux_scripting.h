@@ -3,7 +3,9 @@
 
 #include "platform/scripting/scripting.h"
 
+#include <functional>
 #include <memory>
+#include <vector>
 
 namespace pimloft {
 
@@ -23,12 +25,19 @@ public:
 /// and carried out in the desktop's own way. Main thread.
 class LinuxScripting final : public ScriptingService {
 public:
-    explicit LinuxScripting(std::vector<std::unique_ptr<ScriptHandler>> handlers);
+    using Handlers = std::vector<std::unique_ptr<ScriptHandler>>;
+
+    /// `renewed` is asked before a script beside which no other is under way: it answers other handlers when
+    /// what those before work with has gone, and none while they are of use.
+    explicit LinuxScripting(
+        Handlers handlers, std::function<Handlers()> renewed = [] { return Handlers(); });
 
     void run(const QString &text, QObject *context, Done done) override;
 
 private:
-    std::vector<std::unique_ptr<ScriptHandler>> handlers_;
+    Handlers handlers_;
+    const std::function<Handlers()> renewed_;
+    const std::shared_ptr<int> underWay_ = std::make_shared<int>(0);
 };
 
 }  // namespace pimloft

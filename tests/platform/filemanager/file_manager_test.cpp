@@ -123,7 +123,10 @@ TEST_P(FileManagerTest, doesNotTouchANameThatIsBeingTyped) {
     expectAllSelected(paths(folder, {"before"}));
     hands_.tap(KEY_F2);
     if (!GetParam().renamesInPlace) {
-        EXPECT_TRUE(waitUntil([&] { return desktop_.activeWindow() != window; }));
+        EXPECT_TRUE(waitUntil([&] {
+            const auto front = desktop_.activeWindow();
+            return front != window && front != XCB_NONE;
+        }));
     }
     hands_.type("af");
     // Some tell the file whose name it is.

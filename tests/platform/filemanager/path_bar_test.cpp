@@ -61,6 +61,7 @@ TEST(PathBar, mayBeginAtTheHomeFolder) {
 
 TEST(PathBar, mayConsistOfBoxes) {
     EXPECT_EQ(shown(window({"*deep, tmp, /"}, AccessibleRole::checkBox)), "/tmp/deep");
+    EXPECT_EQ(shown(window({"*deep, tmp, /"}, AccessibleRole::radioButton)), "/tmp/deep");
 }
 
 TEST(PathBar, showsTheRootItself) {
@@ -86,6 +87,7 @@ TEST(PathBar, countsMoreThanALonelyButtonWithoutAName) {
 
 TEST(PathBar, isFollowedByWhatStandsInALocationField) {
     EXPECT_EQ(shown(window({"=/home/ada/", "*deep, tmp, /"})), "/tmp/deep /home/ada");
+    EXPECT_EQ(shown(window({"=/tmp/deep", "*deep, tmp, /"})), "/tmp/deep") << "once";
     EXPECT_EQ(shown(window({"=search for this"})), "");
     EXPECT_EQ(shown(window({"=/"})), "/");
 }
@@ -106,6 +108,7 @@ TEST(FolderTitle, decidesBetweenSeveralFolders) {
     EXPECT_EQ(folder("b - Thunar", {"/a", "/x/b"}), "/x/b");
     EXPECT_EQ(folder("b", {"/a", "/x/b"}), "/x/b");
     EXPECT_EQ(folder("bb", {"/a", "/x/b"}), "");
+    EXPECT_EQ(folder("b", {"/", "/x/b"}), "/x/b") << "the root has no name";
     EXPECT_EQ(folder("b", {"/y/b", "/x/b"}), "");
     EXPECT_EQ(folder("b", {}), "");
 }
@@ -115,6 +118,10 @@ TEST(FocusedText, isWhereTheUserTypes) {
     EXPECT_FALSE(hasFocusedText(tree));
     tree.back().states = 1 << AccessibleNode::focused;
     EXPECT_TRUE(hasFocusedText(tree));
+    tree.back().role = AccessibleRole::entry;
+    EXPECT_TRUE(hasFocusedText(tree));
+    tree.back().role = AccessibleRole::toggleButton;
+    EXPECT_FALSE(hasFocusedText(tree));
 }
 
 }  // namespace

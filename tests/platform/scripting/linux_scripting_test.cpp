@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace pimloft {
 namespace {
 
@@ -70,11 +72,57 @@ TEST_F(LinuxScriptingTest, nobodyIsAnsweredWhoIsGone) {
     {
         QObject shortLived;
         scripting->run(QStringLiteral("first"), &shortLived, [&](const ScriptResult &) { answered = true; });
+        scripting->run(QStringLiteral("first"), &shortLived, [&](const ScriptResult &) { answered = true; });
         first[0]({});
     }
-    first[0]({});
+    first[1]({});
     settle();
     EXPECT_FALSE(answered);
+}
+
+/// Handlers that have become useless while `isUseless`.
+class RenewedScripting : public LinuxScriptingTest {
+protected:
+    RenewedScripting() {
+        scripting = std::make_unique<LinuxScripting>(echoTo(first), [this] {
+            return std::exchange(isUseless, false) ? echoTo(second) : LinuxScripting::Handlers();
+        });
+    }
+    static LinuxScripting::Handlers echoTo(std::vector<ScriptHandler::Answer> &pending) {
+        LinuxScripting::Handlers handlers;
+        handlers.push_back(std::make_unique<Echo>(QStringLiteral("text"), pending));
+        return handlers;
+    }
+    bool isUseless = false;
+};
+
+TEST_F(RenewedScripting, keepsItsHandlersWhileTheyAreOfUse) {
+    run("text");
+    first[0]({});
+    run("text");
+    EXPECT_EQ(first.size(), 2u);
+}
+
+TEST_F(RenewedScripting, goesToOthersOnceThoseAreOfNoUse) {
+    run("text");
+    first[0]({});
+    isUseless = true;
+    run("text");
+    EXPECT_EQ(first.size(), 1u);
+    EXPECT_EQ(second.size(), 1u);
+}
+
+TEST_F(RenewedScripting, leavesTheOnesThatAreStillToAnswer) {
+    run("text");
+    isUseless = true;
+    run("text");
+    EXPECT_EQ(first.size(), 2u);
+    first[0]({});
+    first[1]({});
+    settle();
+    EXPECT_EQ(results.size(), 2u);
+    run("text");
+    EXPECT_EQ(second.size(), 1u);
 }
 
 }  // namespace
