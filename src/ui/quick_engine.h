@@ -3,11 +3,15 @@
 
 #include <QObject>
 #include <QTimer>
+#include <QUrl>
 
 #include <chrono>
+#include <map>
 #include <memory>
 
+class QQmlComponent;
 class QQmlEngine;
+class QQmlIncubationController;
 
 namespace pimloft {
 
@@ -31,19 +35,34 @@ public:
     QQmlEngine &engine();
     bool exists() const { return engine_ != nullptr; }
 
+    /// Keeps the types that a page is made of, for as long as the engine lives. Else they go when others
+    /// come, and the next view of the page has to wait for them.
+    void keepTypes(const QUrl &page);
+
+    /// Whether something is being made a little at a time.
+    bool isMakingViews() const;
+    /// Makes at once what is being made a little at a time. A view that goes while it is half made leaves
+    /// some of it behind.
+    void completeViews();
+
     /// Keeps the engine while the answer lives. To be held for every view that is on screen.
     [[nodiscard]] std::shared_ptr<void> use();
 
 signals:
+    /// Nothing is being made any more.
+    void viewsComplete();
     /// Every view that is left has to be destroyed now.
     void viewsHaveToGo();
 
 private:
+    void dropViews();
     void startTimers();
     void rest();
     void end();
 
+    const std::unique_ptr<QQmlIncubationController> incubation_;
     std::unique_ptr<QQmlEngine> engine_;
+    std::map<QUrl, std::unique_ptr<QQmlComponent>> kept_;
     std::weak_ptr<void> users_;
     QTimer restTimer_;
     QTimer endTimer_;

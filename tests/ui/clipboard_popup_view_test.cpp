@@ -250,9 +250,11 @@ TEST_F(PopupView, theEngineIsKeptWhileItIsOpenAndMayGoAfterwards) {
 
 TEST_F(PopupView, theUserInterfaceMayEndBeforeIt) {
     open();
-    emit session.views().engine().viewsHaveToGo();
+    session.endViews();
     EXPECT_TRUE(history.controller.isOpen());
     EXPECT_FALSE(qobject_cast<QQuickView *>(window())->rootObject());
+    // What was typed meanwhile still comes.
+    test::type(window(), Qt::Key_A);
 }
 
 }  // namespace

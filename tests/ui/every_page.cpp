@@ -53,6 +53,7 @@ QQuickItem *topmost(QQuickWindow &window) {
 }
 
 void settle(QQuickWindow &window) {
+    waitForPage(window);
     // Places follow sizes and sizes follow places, frame by frame.
     for (int frame = 0; frame < 3; ++frame) {
         QCoreApplication::processEvents();
@@ -148,6 +149,7 @@ void EveryPage::visitSettings(const Visitor &visitor) {
 
 void EveryPage::visitSheet(const Visitor &visitor) {
     KeyMapperSettings &page = session_.appState().keyMapper()->pageModel();
+    settle(*shownWindow());
     page.setPreset(0, true);
     // It comes with a fade.
     EXPECT_TRUE(QTest::qWaitFor([&] { return page.showConfirmation(); }));

@@ -122,8 +122,17 @@ QuickViewHost &PageSession::views() {
     return *views_;
 }
 
+void PageSession::endViews() {
+    views_.reset();
+}
+
 QStringList PageSession::takeWarnings() {
     return std::exchange(warnings, {});
+}
+
+void waitForPage(QQuickWindow &window) {
+    const auto *page = window.contentItem()->findChild<QQuickItem *>(QStringLiteral("page"));
+    EXPECT_TRUE(!page || QTest::qWaitFor([page] { return page->property("isMade").toBool(); }));
 }
 
 QQuickWindow *shownWindow() {
@@ -132,6 +141,8 @@ QQuickWindow *shownWindow() {
         if (auto *quick = qobject_cast<QQuickWindow *>(window); quick && quick->isVisible())
             newest = quick;
     EXPECT_TRUE(newest) << "no window is on screen";
+    if (newest)
+        waitForPage(*newest);
     return newest;
 }
 

@@ -40,6 +40,8 @@ public:
     UpdateManager &updates() { return UpdateManager::shared(); }
     Theme &theme() { return Theme::shared(); }
     QuickViewHost &views();
+    /// As at the end of the program, before what has views of its own is gone.
+    void endViews();
 
     /// What Qt and QML complained about since the last call. Nothing is expected.
     static QStringList takeWarnings();
@@ -48,8 +50,10 @@ private:
     std::unique_ptr<QuickViewHost> views_;
 };
 
-/// The newest window of ours on screen; fails the test if there is none.
+/// The newest window of ours on screen, when the page in it is made; fails the test if there is none.
 QQuickWindow *shownWindow();
+/// The same after another page was picked in it.
+void waitForPage(QQuickWindow &window);
 
 /// What a screen reader is told of a window: "role: name" in the order of the items, with the state in
 /// brackets.

@@ -48,7 +48,10 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(window));
         return settings;
     }
-    QStringList spoken() const { return test::spoken(window); }
+    QStringList spoken() const {
+        test::waitForPage(*window);
+        return test::spoken(window);
+    }
 
     static std::string titles(const SettingsWindow &settings) {
         QStringList list;
@@ -113,6 +116,55 @@ TEST_F(SettingsWindowTest, aClickOnATabShowsItsPage) {
     EXPECT_FALSE(spoken().contains(QStringLiteral("heading: Startup")));
 }
 
+TEST_F(SettingsWindowTest, thePageBeforeStaysUntilTheNextOneIsThere) {
+    const auto settings = openSettings();
+    settings->select(1);
+    EXPECT_TRUE(test::spoken(window).contains(QStringLiteral("heading: Startup")));
+    EXPECT_FALSE(test::spoken(window).contains(QStringLiteral("heading: Snap Zones")));
+    EXPECT_TRUE(spoken().contains(QStringLiteral("heading: Snap Zones")));
+}
+
+TEST_F(SettingsWindowTest, theLastOfSeveralPagesIsShown) {
+    const auto settings = openSettings();
+    for (const int tab : {1, 0, 1, 0})
+        settings->select(tab);
+    EXPECT_TRUE(spoken().contains(QStringLiteral("heading: Startup")));
+    EXPECT_FALSE(spoken().contains(QStringLiteral("heading: Snap Zones")));
+}
+
+TEST_F(SettingsWindowTest, whatIsTypedAtOnceIsForTheNewPage) {
+    const auto settings = openSettings();
+    test::type(window, Qt::Key_Tab);
+    test::type(window, Qt::Key_Tab, Qt::ControlModifier);
+    test::type(window, Qt::Key_Tab);
+    const auto *page = window->contentItem()->findChild<QQuickItem *>(QStringLiteral("page"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return page->isAncestorOf(window->activeFocusItem()); }));
+    EXPECT_TRUE(spoken().contains(QStringLiteral("heading: Snap Zones")));
+}
+
+TEST_F(SettingsWindowTest, whatIsTypedAfterItIsClosedIsForNobody) {
+    const auto settings = openSettings();
+    settings->select(1);
+    test::type(window, Qt::Key_Escape);
+    test::type(window, Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !window->isVisible(); }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(settings->selectedTab(), 1);
+}
+
+TEST_F(SettingsWindowTest, theKeyboardStaysWithThePageWhenAnotherOneComes) {
+    const auto settings = openSettings();
+    test::type(window, Qt::Key_Tab);
+    test::type(window, Qt::Key_Tab);
+    const auto *page = window->contentItem()->findChild<QQuickItem *>(QStringLiteral("page"));
+    for (const int tab : {1, 0, 1}) {
+        ASSERT_TRUE(page->isAncestorOf(window->activeFocusItem()));
+        settings->select(tab);
+        test::waitForPage(*window);
+    }
+    EXPECT_TRUE(page->isAncestorOf(window->activeFocusItem()));
+}
+
 TEST_F(SettingsWindowTest, controlTabGoesThroughThePagesFromAnywhere) {
     const auto settings = openSettings();
     test::type(window, Qt::Key_Tab, Qt::ControlModifier);
@@ -143,7 +195,7 @@ TEST_F(SettingsWindowTest, theSelectedTabOutlivesTheView) {
     const auto settings = openSettings();
     settings->select(1);
     test::type(window, Qt::Key_Escape);
-    EXPECT_FALSE(window->isVisible());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !window->isVisible(); }));
     settings->open();
     EXPECT_TRUE(test::spoken(test::shownWindow()).contains(QStringLiteral("tab: WindowSnap [selected]")));
 }

@@ -4,8 +4,8 @@ import QtQuick.Layouts
 import QtQuick.Templates as T
 import Pimloft.Kit
 
-/// A row whose text and switch turn something on and off, with room for a symbol and for what it does. Setting `checked` from outside turns nothing on;
-/// `switched` tells what the user wants.
+/// A row whose text and switch turn something on and off, with room for a symbol and for what it does. Setting
+/// `checked` from outside turns nothing on; `switched` tells what the user wants.
 T.Switch {
     id: row
 
