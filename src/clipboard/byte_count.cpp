@@ -28,8 +28,8 @@ QString byteCountText(qint64 bytes) {
         return QStringLiteral("%1 bytes").arg(bytes);
     double value = double(bytes) / 1000;
     auto unit = std::begin(units);
-    // 999,600 bytes are 1 MB, not 1000 KB.
-    for (; rounded(value, unit->decimals) >= 1000 && std::next(unit) != std::end(units); ++unit)
+    // 999,600 bytes are 1 MB, not 1000 KB. No count comes to 1000 EB.
+    for (; rounded(value, unit->decimals) >= 1000; ++unit)
         value /= 1000;
     // Without an exponent and without zeros at the end.
     return QStringLiteral("%1 %2")

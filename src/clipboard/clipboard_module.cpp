@@ -77,7 +77,8 @@ void ClipboardModule::pasteAsPlainText() {
     const qint64 change = pasteboard_.changeCount();
     // Once it is ours its owner's wish can no longer be seen.
     pasteboard_.origin(change, this, [this, change](const std::optional<PasteOrigin> &origin) {
-        const bool isKeptOut = origin && ClipboardEngine::isKeptOut(*origin);
+        // An owner that does not tell in time may be a password manager.
+        const bool isKeptOut = !origin || ClipboardEngine::isKeptOut(*origin);
         pasteboard_.read(change, {PasteType::plainText}, ClipboardEngine::largestOther, this,
                          [this, isKeptOut](const PasteData &text) { pastePlainText(text, isKeptOut); });
     });

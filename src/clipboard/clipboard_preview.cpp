@@ -92,7 +92,8 @@ QString htmlPreview(QStringView html) {
 }
 
 bool canBeDecoded(const QByteArray &bytes) {
-    return pictureSize(bytes).isValid() && !decodePicture(bytes, [](QSize size) { return size; }).isNull();
+    const auto all = [](QSize size) { return PictureView{.part = {}, .size = size}; };
+    return pictureSize(bytes).isValid() && !decodePicture(bytes, all).isNull();
 }
 
 QString fileName(const QUrl &url) {

@@ -7,6 +7,7 @@
 #include "base/console.h"
 #include "clipboard/clipboard_preferences.h"
 #include "clipboard/clipboard_preview.h"
+#include "clipboard/text_length.h"
 
 #include <algorithm>
 #include <utility>
@@ -49,11 +50,11 @@ void ClipboardStore::add(const ClipboardItem &item) {
 
 void ClipboardStore::togglePin(const ClipboardItem &item) {
     awaitHistory();
-    const auto found = std::find(items_.begin(), items_.end(), item);
-    if (found == items_.end())
+    const auto index = indexOf(item.id);
+    if (!index)
         return;
-    found->isPinned = !found->isPinned;
-    derived_[std::size_t(found - items_.begin())].place = {};
+    items_[*index].isPinned = !items_[*index].isPinned;
+    derived_[*index].place = {};
     emit itemsChanged();
     saveToDisk();
 }
@@ -151,8 +152,21 @@ const QString &ClipboardStore::preview(std::size_t index) const {
 
 QString ClipboardStore::preview(const ClipboardItem &item) const {
     awaitHistory();
-    const auto found = std::find(items_.begin(), items_.end(), item);
-    return found == items_.end() ? item.preview() : preview(std::size_t(found - items_.begin()));
+    const auto index = indexOf(item.id);
+    return index ? preview(*index) : item.preview();
+}
+
+std::optional<qsizetype> ClipboardStore::characterCount(const ClipboardItem &item) const {
+    const auto *text = std::get_if<TextContent>(&item.content);
+    if (!text)
+        return std::nullopt;
+    const auto index = indexOf(item.id);
+    if (!index)
+        return pimloft::characterCount(text->string);
+    std::optional<qsizetype> &count = derived_[*index].characters;
+    if (!count)
+        count = pimloft::characterCount(text->string);
+    return count;
 }
 
 /// A picture is first taken for what its header says. It is decoded for its thumbnail anyway, and until then
@@ -166,16 +180,18 @@ QString ClipboardStore::workOutPreview(const ClipboardItem &item) const {
 }
 
 void ClipboardStore::judgePicture(const QUuid &id) {
+    const auto index = indexOf(id);
+    if (!index || !derived_[*index].preview)
+        return;
+    const QString before = *std::exchange(derived_[*index].preview, std::nullopt);
+    if (preview(*index) != before)
+        emit itemsChanged();
+}
+
+std::optional<std::size_t> ClipboardStore::indexOf(const QUuid &id) const {
     const auto found =
         std::find_if(items_.begin(), items_.end(), [&](const ClipboardItem &each) { return each.id == id; });
-    if (found == items_.end())
-        return;
-    Derived &derived = derived_[std::size_t(found - items_.begin())];
-    if (!derived.preview)
-        return;
-    const QString before = *std::exchange(derived.preview, std::nullopt);
-    if (preview(*found) != before)
-        emit itemsChanged();
+    return found == items_.end() ? std::nullopt : std::optional(std::size_t(found - items_.begin()));
 }
 
 void ClipboardStore::saveToDisk() {

@@ -51,6 +51,9 @@ public:
     /// The same text as the item's own; not worked out again for an entry of `items()`. A picture that turns
     /// out to be broken changes its preview once it has been decoded.
     QString preview(const ClipboardItem &item) const;
+    /// The length of a text in characters as a reader counts them, nothing for another kind. Not worked out
+    /// again for an entry of `items()`.
+    std::optional<qsizetype> characterCount(const ClipboardItem &item) const;
 
     /// The small pictures of the entries.
     Thumbnails &thumbnails() { return thumbnails_; }
@@ -65,6 +68,7 @@ private:
         HistoryPlace place;  ///< unknown once the entry has changed
         /// The rest is made when it is first asked for.
         std::optional<QString> preview;
+        std::optional<qsizetype> characters;
         QString searchablePreview;  ///< in lower case, as the next
         QString searchableSource;
     };
@@ -81,6 +85,7 @@ private:
     /// Answers whether any entry went.
     bool removeWhere(const std::function<bool(const ClipboardItem &)> &goes);
     const QString &preview(std::size_t index) const;
+    std::optional<std::size_t> indexOf(const QUuid &id) const;
     QString workOutPreview(const ClipboardItem &item) const;
     void forgetThumbnails();
     void judgePicture(const QUuid &id);

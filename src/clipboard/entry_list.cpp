@@ -4,7 +4,6 @@
 #include "base/clock.h"
 #include "clipboard/clipboard_store.h"
 #include "clipboard/relative_time.h"
-#include "clipboard/text_length.h"
 #include "clipboard/thumbnails.h"
 #include "platform/workspace/workspace.h"
 
@@ -47,9 +46,8 @@ std::vector<ClipboardItem> copied(const Wanted &wanted) {
     return items;
 }
 
-QString lengthText(const ClipboardItem &item) {
-    const auto *text = std::get_if<TextContent>(&item.content);
-    return text ? EntryList::tr("%n chars", nullptr, int(characterCount(text->string))) : QString();
+QString lengthText(std::optional<qsizetype> characters) {
+    return characters ? EntryList::tr("%n chars", nullptr, int(*characters)) : QString();
 }
 
 }  // namespace
@@ -96,7 +94,7 @@ QVariant EntryList::data(const QModelIndex &index, int role) const {
     case time:
         return relativeTime(item.timestamp.toDateTime(), clock_.wallTime());
     case characters:
-        return lengthText(item);
+        return lengthText(store_.characterCount(item));
     case isPinned:
         return item.isPinned;
     default:

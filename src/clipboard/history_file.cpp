@@ -9,6 +9,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QThreadPool>
 
 #include <cerrno>
 #include <fcntl.h>
@@ -67,6 +68,11 @@ private:
     HistoryOutput output_;
     HistoryPlace range_;  ///< to be copied, not yet part of the output
 };
+
+/// The file system then frees what a replaced file took up, which lasts tens of milliseconds for a long one.
+void closeOnThread(int descriptor) {
+    QThreadPool::globalInstance()->start([descriptor] { close(descriptor); });
+}
 
 int openFile(const QString &path) {
     // Not blocking: what is there need not be a file.
@@ -139,7 +145,7 @@ std::optional<QString> HistoryFile::write(std::size_t count, const EntryAt &entr
 /// Opens what has just been written, unless something else has taken its place already.
 void HistoryFile::keep(const Fingerprint &written) {
     if (last_ >= 0)
-        close(last_);
+        closeOnThread(last_);
     last_ = openFile(path_);
     const auto now = fingerprint(last_);
     const bool isTheSame = now && now->inode == written.inode && now->device == written.device &&

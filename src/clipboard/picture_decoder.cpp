@@ -14,17 +14,20 @@ namespace {
 /// them.
 constexpr std::array formats{"png", "tiff"};
 
-QImage decode(QImageReader &reader, const PictureScale &scale) {
+QImage decode(QImageReader &reader, const PictureWish &wish) {
     const QSize size = reader.size();
     if (size.isEmpty())
         return {};
-    reader.setScaledSize(scale(size));
+    const PictureView view = wish(size);
+    // The part is cut out before it is scaled.
+    reader.setClipRect(view.part);
+    reader.setScaledSize(view.size);
     return reader.read();
 }
 
 }  // namespace
 
-QImage decodePicture(const QByteArray &bytes, const PictureScale &scale) {
+QImage decodePicture(const QByteArray &bytes, const PictureWish &wish) {
     QBuffer buffer;
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);
@@ -34,7 +37,7 @@ QImage decodePicture(const QByteArray &bytes, const PictureScale &scale) {
         // Else every plugin there is would be loaded and asked, and one of another format could take it.
         reader.setAutoDetectImageFormat(false);
         if (reader.canRead())
-            return decode(reader, scale);
+            return decode(reader, wish);
     }
     return {};
 }

@@ -3,17 +3,24 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QRect>
 #include <QSize>
 
 #include <functional>
 
 namespace pimloft {
 
-/// Answers a size for a picture of the given size, both in native pixels.
-using PictureScale = std::function<QSize(QSize)>;
+/// What is wanted of a picture, in native pixels. A value.
+struct PictureView {
+    QRect part;  ///< of the picture; null for all of it
+    QSize size;  ///< that the part is to have
+};
 
-/// The picture that a PNG or TIFF file holds, in the size that `scale` wishes. A null image when it cannot be
+/// Answers what is wanted of a picture of the given size.
+using PictureWish = std::function<PictureView(QSize)>;
+
+/// What `wish` wants of the picture that a PNG or TIFF file holds. A null image when the picture cannot be
 /// decoded to its end, or takes more than 256 MB when it is. Takes its time; any thread.
-QImage decodePicture(const QByteArray &bytes, const PictureScale &scale);
+QImage decodePicture(const QByteArray &bytes, const PictureWish &wish);
 
 }  // namespace pimloft

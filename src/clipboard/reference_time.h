@@ -3,6 +3,7 @@
 
 #include <QDateTime>
 
+#include <algorithm>
 #include <compare>
 
 namespace pimloft {
@@ -14,14 +15,17 @@ struct ReferenceTime {
     static ReferenceTime from(const QDateTime &time) {
         return {double(time.toMSecsSinceEpoch() - epochMilliseconds) / 1000};
     }
-    /// To the millisecond, in UTC.
+    /// To the millisecond, in UTC. A file may hold times that no calendar goes to; these are as far away as
+    /// any.
     QDateTime toDateTime() const {
-        return QDateTime::fromMSecsSinceEpoch(qRound64(seconds * 1000) + epochMilliseconds, Qt::UTC);
+        const double within = std::clamp(seconds, -furthest, furthest);
+        return QDateTime::fromMSecsSinceEpoch(qRound64(within * 1000) + epochMilliseconds, Qt::UTC);
     }
 
     friend auto operator<=>(const ReferenceTime &, const ReferenceTime &) = default;
 
 private:
+    static constexpr double furthest = 1e12;                      ///< some 30,000 years
     static constexpr qint64 epochMilliseconds = 978'307'200'000;  ///< from 1970 to 2001
 };
 

@@ -15,33 +15,33 @@ namespace {
 /// Bytes of decoded pictures that are kept.
 constexpr int bound = 8 << 20;
 
-/// The size to decode a picture in, so that it covers what is shown of it. Native pixels.
-QSize coveringSize(QSize picture, QSize shown) {
-    return picture.scaled(shown, Qt::KeepAspectRatioByExpanding).expandedTo(shown);
+/// How many times as wide as high, or as high as wide, what is shown of a picture is at most.
+constexpr int longest = 2;
+
+/// The middle of a picture that is longer, null for others. Enlarging all of a thin line, which a program can
+/// copy in a thousand bytes, would take any amount of memory. Native pixels.
+QRect shownPart(QSize picture) {
+    const QSize part(int(std::min<qint64>(picture.width(), qint64(picture.height()) * longest)),
+                     int(std::min<qint64>(picture.height(), qint64(picture.width()) * longest)));
+    const QSize beside = (picture - part) / 2;
+    return part == picture ? QRect() : QRect(QPoint(beside.width(), beside.height()), part);
 }
 
 QSize shownSize(QSize picture, double ratio) {
     const double aspect = double(picture.width()) / picture.height();
-    const double width = Thumbnails::height * std::clamp(aspect, 0.5, 2.0);
+    const double width = Thumbnails::height * std::clamp(aspect, 1.0 / longest, double(longest));
     return (QSizeF(width, Thumbnails::height) * ratio).toSize();
 }
 
-QImage middle(const QImage &image, QSize size) {
-    const QSize beside = (image.size() - size) / 2;
-    return image.copy(QRect(QPoint(beside.width(), beside.height()), size));
-}
-
 QImage decode(const QByteArray &bytes, double ratio) {
-    QSize shown;
-    const QImage image = decodePicture(bytes, [&](QSize size) {
-        shown = shownSize(size, ratio);
-        return coveringSize(size, shown);
+    QImage image = decodePicture(bytes, [ratio](QSize picture) {
+        return PictureView{.part = shownPart(picture), .size = shownSize(picture, ratio)};
     });
     if (image.isNull())
         return {};
-    QImage part = middle(image, shown).convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    part.setDevicePixelRatio(ratio);
-    return part;
+    image.convertTo(QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    return image;
 }
 
 }  // namespace
@@ -74,10 +74,12 @@ void Thumbnails::keepOnly(const QSet<QUuid> &ids) {
     for (const QUuid &id : cache_.keys())
         if (!ids.contains(id))
             cache_.remove(id);
+    underWay_.intersect(ids);
 }
 
 void Thumbnails::keep(const QUuid &id, const QImage &image) {
-    underWay_.remove(id);
+    if (!underWay_.remove(id))
+        return;  // its entry has gone meanwhile
     cache_.insert(id, new QImage(image), qsizetype(std::max<qint64>(1, image.sizeInBytes())));
     emit decoded(id);
 }

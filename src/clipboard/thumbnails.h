@@ -30,9 +30,9 @@ public:
     /// that can be read to its end. Nothing while it is being decoded; then `decoded` tells.
     std::optional<QImage> thumbnail(const QUuid &id, const QByteArray &bytes);
 
-    /// Drops the pictures of all other entries.
+    /// Drops the pictures of all other entries, also those that are still being decoded.
     void keepOnly(const QSet<QUuid> &ids);
-    bool isEmpty() const { return cache_.isEmpty(); }
+    bool isEmpty() const { return cache_.isEmpty() && underWay_.isEmpty(); }
 
 signals:
     void decoded(const QUuid &id);

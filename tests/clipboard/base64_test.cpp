@@ -75,9 +75,21 @@ TEST(Base64, comesBackAsItIsWrittenInPiecesOfAnySize) {
 }
 
 TEST(Base64, stopsAtWhatItDoesNotDecodeAsItIsWritten) {
-    const std::pair<const char *, qsizetype> cases[] = {
-        {"QUJD", 4}, {"QUJDRE", 6},    {"QUI=", 3}, {"\\", 0},    {"A\\/", 3},        {"A\\", 1},
-        {"!", 0},    {"QUJD\nAAA", 4}, {"A\\n", 1}, {"A\\\\", 1}, {"AAAA\\u0041", 4}, {"", 0}};
+    const std::pair<const char *, qsizetype> cases[] = {{"QUJD", 4},
+                                                        {"QUJDRE", 6},
+                                                        {"QUI=", 3},
+                                                        {"\\", 0},
+                                                        {"A\\/", 3},
+                                                        {"A\\", 1},
+                                                        {"!", 0},
+                                                        {"QUJD\nAAA", 4},
+                                                        {"A\\n", 1},
+                                                        {"A\\\\", 1},
+                                                        {"AAAA\\u0041", 4},
+                                                        {"", 0},
+                                                        // The letter of another escape is Base64 by itself.
+                                                        {"AAA\\nAAAAAAAA", 3},
+                                                        {"\\nAA\\/AAAAAAAA", 0}};
     for (const auto &[written, taken] : cases) {
         Base64Decoder decoder;
         EXPECT_EQ(decoder.appendWritten(QByteArray(written)), taken) << written;
@@ -111,7 +123,8 @@ TEST_P(BrokenBase64, isRefused) {
 
 INSTANTIATE_TEST_SUITE_P(Base64, BrokenBase64,
                          testing::Values("A", "AA", "AAA", "AAAA=", "A===", "====", "QQ==QQ==", "QQ==A",
-                                         "QQ=A", "AA-_", "AA\nAA", " AAAA", "AAA\xC3", "AAAA\nAAAA"));
+                                         "QQ=A", "AA-_", "AA\nAA", " AAAA", "AAA\xC3", "AAAA\nAAAA",
+                                         "!!!!QUJD"));
 
 }  // namespace
 }  // namespace pimloft

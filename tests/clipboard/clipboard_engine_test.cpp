@@ -105,6 +105,16 @@ TEST_F(ClipboardEngineTest, givesUpACopyWhenSomethingNewerIsSeen) {
     EXPECT_EQ(newest().sourceApp, QStringLiteral("Newer"));
 }
 
+TEST_F(ClipboardEngineTest, takesTheOwnerOfAnOlderCopyForNobodyElses) {
+    desktop.pasteboard.copy({{PasteType::plainText, "old"}});
+    engine.checkForChanges();
+    desktop.pasteboard.copy({{PasteType::plainText, "new"}});
+    engine.checkForChanges();
+    // There is no answer about the owner of the old one any more.
+    settle();
+    EXPECT_EQ(recorded(), "new");
+}
+
 TEST_F(ClipboardEngineTest, givesUpACopyWhenAnExcludedOneIsSeen) {
     desktop.pasteboard.copy({{PasteType::plainText, "old"}});
     engine.checkForChanges();
@@ -143,7 +153,7 @@ TEST_F(ClipboardEngineTest, recordsTheFirstOfSeveralFiles) {
 }
 
 TEST_F(ClipboardEngineTest, passesOverLinksThatAreNoFiles) {
-    copy({{PasteType::fileUrls, "# a list\r\nhttps://example.org/\r\nfile:///a/b%20c\r\n"}});
+    copy({{PasteType::fileUrls, "# a list\r\nhttps://example.org/\r\nfile://\r\nfile:///a/b%20c\r\n"}});
     EXPECT_EQ(newest().content, ClipboardContent(FileURLContent{QUrl(QStringLiteral("file:///a/b%20c"))}));
     copy({{PasteType::fileUrls, "https://example.org/\r\n"}, {PasteType::plainText, "link"}});
     EXPECT_EQ(newest().preview(), QStringLiteral("link"));

@@ -43,5 +43,11 @@ TEST(ReferenceTime, countsFromTheFirstDayOf2001) {
     EXPECT_EQ(ReferenceTime{-86400}.toDateTime(), start.addDays(-1));
 }
 
+TEST(ReferenceTime, thatNoCalendarGoesToIsAsFarAwayAsAny) {
+    EXPECT_EQ(ReferenceTime{1e300}.toDateTime(), ReferenceTime{1e12}.toDateTime());
+    EXPECT_EQ(ReferenceTime{-1e300}.toDateTime(), ReferenceTime{-1e12}.toDateTime());
+    EXPECT_EQ(ReferenceTime{1e12}.toDateTime().date().year(), 33689);
+}
+
 }  // namespace
 }  // namespace pimloft

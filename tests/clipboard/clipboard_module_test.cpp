@@ -8,10 +8,12 @@
 #include "clipboard/clipboard_store.h"
 #include "entries.h"
 #include "platform/fake_desktop.h"
+#include "support/plain_views.h"
 #include "support/qt_printers.h"
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -95,6 +97,17 @@ TEST_F(ClipboardModuleTest, disablingStopsRecordingAndTheShortcuts) {
     EXPECT_FALSE(module->popupController().isOpen());
 }
 
+TEST_F(ClipboardModuleTest, theSameShortcutOpensThePopupAndClosesIt) {
+    test::PlainViews views;
+    process->setViews(&views);
+    module->activate();
+    press(popup);
+    EXPECT_TRUE(module->popupController().isOpen());
+    press(popup);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !module->popupController().isOpen(); }));
+    process->setViews(nullptr);
+}
+
 TEST_F(ClipboardModuleTest, enablingAgainTakesTheShortcutsUnderNewIds) {
     module->activate();
     module->setEnabled(false);
@@ -138,6 +151,21 @@ TEST_F(ClipboardModuleTest, pastesASecretAndKeepsItOutOfEveryHistory) {
     // The text, and the mark for others.
     EXPECT_EQ(desktop.log(), "write 2 forms to the pasteboard\npost key 9 with flags 0x100000\n");
     desktop.pasteboard.copiedBy.isSecret = false;
+    EXPECT_EQ(recorded(), "");
+}
+
+TEST_F(ClipboardModuleTest, pastesWhatMayBeASecretAndKeepsItOutOfEveryHistory) {
+    module->activate();
+    desktop.pasteboard.copy({{PasteType::plainText, "perhaps secret"}});
+    desktop.log();
+    // Whose it is is not told in time, and then its text is.
+    desktop.pasteboard.ownerHangs = true;
+    desktop.hotkeys.press(Key::v, plainText);
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(desktop.pasteboard.answer());
+    desktop.pasteboard.ownerHangs = false;
+    settle();
+    EXPECT_EQ(desktop.log(), "write 2 forms to the pasteboard\npost key 9 with flags 0x100000\n");
     EXPECT_EQ(recorded(), "");
 }
 

@@ -129,6 +129,12 @@ TEST(HtmlPreview, isTheFirst200CharactersBehindAnyNumberOfTags) {
     EXPECT_EQ(ofHtml(QStringLiteral("\r\n").repeated(300)), QStringLiteral("\r\n").repeated(200));
 }
 
+TEST(HtmlPreview, doesNotCutACharacterThatGoesOnForLong) {
+    const QString letter = QStringLiteral("e") + QString(5000, u'\u0301');
+    EXPECT_EQ(ofHtml(QStringLiteral("<b>") + letter + QStringLiteral("</b>") + QString(300, u'x')),
+              letter + QString(199, u'x'));
+}
+
 TEST(ImagePreview, isTheSizeInPixelsWhateverTheResolution) {
     EXPECT_EQ(preview(ImageContent{picture({1440, 900}, "png")}), QStringLiteral("Image 1440\u00D7900"));
 }

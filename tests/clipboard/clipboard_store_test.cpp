@@ -8,11 +8,9 @@
 #include "support/full_disk.h"
 #include "support/qt_printers.h"
 
-#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QImage>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
@@ -46,12 +44,6 @@ protected:
         for (const ClipboardItem *item : store->filteredItems())
             items.push_back(*item);
         return summary(items);
-    }
-    std::string shownPreviews() const {
-        QStringList previews;
-        for (const ClipboardItem &item : store->items())
-            previews << store->preview(item);
-        return previews.join(QStringLiteral(", ")).toStdString();
     }
     QByteArray file() const { return contentOf(path); }
     /// Makes a save visible by the file coming back.
@@ -402,19 +394,6 @@ TEST(SharedClipboardStore, livesInTheSupportFolder) {
     ClipboardStore::shared().add(text(QStringLiteral("A")));
     EXPECT_TRUE(QFile::exists(folder.filePath(QStringLiteral("clipboard_history.json"))));
     EXPECT_EQ(&ClipboardStore::shared(), &ClipboardStore::shared());
-}
-
-TEST_F(ClipboardStoreTest, tellsThatAPictureIsBrokenOnceItHasBeenDecoded) {
-    QByteArray png;
-    QBuffer buffer(&png);
-    ASSERT_TRUE(QImage(QSize(300, 200), QImage::Format_RGB32).save(&buffer, "PNG"));
-    fill({test::entry(ImageContent{png}), test::entry(ImageContent{png.left(60)})});
-    QSignalSpy changes(&*store, &ClipboardStore::itemsChanged);
-    EXPECT_EQ(shownPreviews(), "Image 300\u00D7200, Image 300\u00D7200") << "nobody waits for a decoder";
-    ASSERT_TRUE(changes.wait());
-    EXPECT_EQ(shownPreviews(), "Image 300\u00D7200, Image (60 bytes)");
-    store->setSearchQuery(QStringLiteral("60 bytes"));
-    EXPECT_EQ(store->filteredItems().size(), 1u);
 }
 
 }  // namespace

@@ -300,14 +300,14 @@ TEST(HistoryFile, removesWhatAKilledRunHasLeftButNotWhatOneIsWriting) {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("history.json"));
     writeFile(path, "[]");
-    writeFile(path + QStringLiteral(".aB3dEf"), "[{");
+    writeFile(path + QStringLiteral(".pimloft-aBcdEf"), "[{");
     writeFile(path + QStringLiteral(".bak"), "mine");
-    QFile busy(path + QStringLiteral(".qWertY"));
+    QFile busy(path + QStringLiteral(".pimloft-qWertY"));
     ASSERT_TRUE(busy.open(QIODevice::WriteOnly));
     ASSERT_EQ(flock(busy.handle(), LOCK_EX), 0);
     const HistoryFile file(path);
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files, QDir::Name).join(u' '),
-              QStringLiteral("history.json history.json.bak history.json.qWertY"));
+              QStringLiteral("history.json history.json.bak history.json.pimloft-qWertY"));
 }
 
 }  // namespace

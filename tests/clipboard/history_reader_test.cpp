@@ -80,6 +80,18 @@ TEST(HistoryReader, readsMembersInAnyOrderAndLeavesTheBundleIdentifierAbsent) {
     EXPECT_TRUE(areTheSame(items.front(), expected));
 }
 
+TEST(HistoryReader, takesOnlyHexadecimalDigitsWithDashesBetweenThemForAnIdentifier) {
+    const auto withId = [](char digit, char dash) {
+        return withMember("id",
+                          QByteArray("\"id\":\"1111111") + digit + dash + "2222-3333-4444-AABBCCDDEEFF\"");
+    };
+    for (const char digit : {'0', '9', 'a', 'f', 'A', 'F'})
+        EXPECT_EQ(failureOf(withId(digit, '-')), QString()) << digit;
+    for (const char digit : {'.', ':', '`', 'g', '@', 'G', '-', ' '})
+        EXPECT_NE(failureOf(withId(digit, '-')), QString()) << digit;
+    EXPECT_NE(failureOf(withId('1', '1')), QString());
+}
+
 TEST(HistoryReader, takesANullBundleIdentifierForAbsent) {
     const auto items = itemsOf(withMember("", "\"sourceAppBundleID\" : null"));
     ASSERT_EQ(items.size(), 1u);
@@ -88,7 +100,7 @@ TEST(HistoryReader, takesANullBundleIdentifierForAbsent) {
 
 TEST(HistoryReader, ignoresMembersThatItDoesNotKnow) {
     const QByteArray strange =
-        R"("more":[1,{"_0":[]},"text",null,{"id":5,"content":{"a":{}}}],"x":5,"y":{"_0":1})";
+        R"("more":[1,{"_0":[]},"text",null,{"id":5,"content":{"a":{}}}],"x":5,"y":{"_0":1},"z":true)";
     EXPECT_EQ(itemsOf(withMember("", strange)).size(), 1u);
     const auto items = itemsOf(withContent(R"({"text":{"other":{"_0":7},"_0":"kept","last":"x"}})"));
     ASSERT_EQ(items.size(), 1u);
@@ -224,21 +236,23 @@ INSTANTIATE_TEST_SUITE_P(
         withMember("id", "\"id\":\"11111111-2222-3333-4444-AABBCCDDEEF\""),
         withMember("id", "\"id\":\"{11111111-2222-3333-4444-AABBCCDDEEFF}\""),
         withMember("id", "\"id\":\"11111111-2222-3333-4444-AABBCCDDEEFG\""),
-        withMember("sourceApp", "\"sourceApp\":null"), withMember("", "\"sourceAppBundleID\":1"),
-        withMember("timestamp", "\"timestamp\":\"1\""), withMember("timestamp", "\"timestamp\":1e400"),
-        withMember("timestamp", "\"timestamp\":NaN"), withMember("timestamp", "\"timestamp\":01"),
-        withMember("isPinned", "\"isPinned\":null"), withMember("isPinned", "\"isPinned\":1"),
-        withContent("null"), withContent("\"x\""), withContent("[]"), withContent(R"({"text":"x"})"),
-        withContent(R"({"text":{}})"), withContent(R"({"text":{"0":"x"}})"),
-        withContent(R"({"text":{"_0":null}})"), withContent(R"({"text":{"_0":1}})"),
-        withContent(R"({"text":{"_0":["x"]}})"), withContent(R"({"text":{"_0":{"_0":"x"}}})"),
-        withContent(R"({"image":{"_0":"AAA"}})"), withContent(R"({"image":{"_0":"AA A"}})"),
-        withContent(R"({"image":{"_0":"AA\nAA"}})"), withContent(R"({"image":{"_0":true}})"),
-        withContent(R"({"richText":{"_0":"-_=="}})"), withContent(R"({"fileURL":{"_0":""}})"),
-        withContent(R"({"fileURL":{"_0":"file:///a b"}})"), surrogate("\\uD83D"), surrogate("\\uDE00"),
-        surrogate("\\uD83Dx"), surrogate("\\uD83D\\u0041"), surrogate("\\u12"), surrogate("\\x"),
-        surrogate("\xFF"), surrogate("\xC3"), surrogate("\xED\xA0\x80"), surrogate("a\nb"),
-        surrogate("a\x01"), withMember("", "\"\xFF\":1"), withMember("", "\"more\":\"\xFF\""),
+        withMember("sourceApp", "\"sourceApp\":null"), withMember("", "\"sourceAppBundleID\":true"),
+        withMember("", "\"sourceAppBundleID\":{\"text\":{\"_0\":\"x\"}}"),
+        withMember("", "\"sourceAppBundleID\":1"), withMember("timestamp", "\"timestamp\":\"1\""),
+        withMember("timestamp", "\"timestamp\":1e400"), withMember("timestamp", "\"timestamp\":NaN"),
+        withMember("timestamp", "\"timestamp\":01"), withMember("isPinned", "\"isPinned\":null"),
+        withMember("isPinned", "\"isPinned\":1"), withContent("null"), withContent("\"x\""),
+        withContent("[]"), withContent(R"({"text":"x"})"), withContent(R"({"text":{}})"),
+        withContent(R"({"text":{"0":"x"}})"), withContent(R"({"text":{"_0":null}})"),
+        withContent(R"({"text":{"_0":1}})"), withContent(R"({"text":{"_0":["x"]}})"),
+        withContent(R"({"text":{"_0":{"_0":"x"}}})"), withContent(R"({"image":{"_0":"AAA"}})"),
+        withContent(R"({"image":{"_0":"AA A"}})"), withContent(R"({"image":{"_0":"AA\nAA"}})"),
+        withContent(R"({"image":{"_0":true}})"), withContent(R"({"richText":{"_0":"-_=="}})"),
+        withContent(R"({"fileURL":{"_0":""}})"), withContent(R"({"fileURL":{"_0":"file:///a b"}})"),
+        surrogate("\\uD83D"), surrogate("\\uDE00"), surrogate("\\uD83Dx"), surrogate("\\uD83D\\u0041"),
+        surrogate("\\u12"), surrogate("\\x"), surrogate("\xFF"), surrogate("\xC3"), surrogate("\xED\xA0\x80"),
+        surrogate("a\nb"), surrogate("a\x01"), withMember("", "\"\xFF\":1"),
+        withMember("", "\"more\":\"\xFF\""),
         withMember("", "\"more\":" + QByteArray(600, '[') + QByteArray(600, ']'))));
 
 class BrokenDocument : public testing::TestWithParam<QByteArray> {};

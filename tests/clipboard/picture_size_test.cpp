@@ -59,10 +59,14 @@ TEST(PictureSize, isNothingForAHeaderThatIsCutOffAnywhere) {
 TEST(PictureSize, isNothingForASizeThatCannotBe) {
     QByteArray bytes = png({7, 7});
     bytes.replace(16, 4, QByteArray(4, '\0'));
-    EXPECT_FALSE(pictureSize(bytes).isValid());
+    EXPECT_EQ(pictureSize(bytes), QSize());
     bytes.replace(16, 4, QByteArray(4, '\xFF'));
-    EXPECT_FALSE(pictureSize(bytes).isValid());
+    EXPECT_EQ(pictureSize(bytes), QSize());
+    bytes = png({7, 7});
+    bytes.replace(20, 4, QByteArray(4, '\xFF'));
+    EXPECT_EQ(pictureSize(bytes), QSize());
     EXPECT_FALSE(pictureSize(tiff({0, 7}, true)).isValid());
+    EXPECT_EQ(pictureSize(tiff({7, -1}, true)), QSize());
 }
 
 }  // namespace

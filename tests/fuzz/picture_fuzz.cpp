@@ -12,7 +12,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const QSize header = pictureSize(bytes);
     if (header.isValid() && header.isEmpty())
         std::abort();
-    const auto thumbnail = [](QSize picture) { return picture.scaled(64, 64, Qt::KeepAspectRatio); };
+    const auto thumbnail = [](QSize picture) {
+        return PictureView{.part = QRect(QPoint(), picture.boundedTo({48, 96})), .size = QSize(64, 64)};
+    };
     const QImage image = decodePicture(bytes, thumbnail);
     if (image.width() > 64 || image.height() > 64)
         std::abort();

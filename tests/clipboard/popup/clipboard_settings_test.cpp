@@ -87,6 +87,13 @@ TEST_F(Settings, anAppIsAddedAtTheEndAndTheFieldEmptied) {
     EXPECT_EQ(page.newExcludedApp(), QString());
 }
 
+TEST_F(Settings, theNameInTheFieldIsToldOnlyWhenItChanges) {
+    QSignalSpy changed(&page, &ClipboardSettings::newExcludedAppChanged);
+    page.setNewExcludedApp(QStringLiteral("Keychain"));
+    page.setNewExcludedApp(QStringLiteral("Keychain"));
+    EXPECT_EQ(changed.size(), 1);
+}
+
 TEST_F(Settings, blanksAroundANameAreDroppedAndNothingElseIsAdded) {
     EXPECT_FALSE(page.canAdd());
     page.setNewExcludedApp(QStringLiteral("   "));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "clipboard/relative_time.h"
 
+#include "clipboard/reference_time.h"
+
 #include <gtest/gtest.h>
 
 namespace pimloft {
@@ -41,6 +43,13 @@ INSTANTIATE_TEST_SUITE_P(
                     RelativeTimeCase{"aDayToCome", now.addDays(1), "in 1 day"},
                     RelativeTimeCase{"twoMonthsToCome", now.addMonths(2), "in 2 mo."}),
     [](const auto &info) { return info.param.name; });
+
+TEST(RelativeTimeFarAway, isSaidInYearsOnItsOwnSide) {
+    const QString past = relativeTime(ReferenceTime{-1e300}.toDateTime(), now);
+    const QString future = relativeTime(ReferenceTime{1e300}.toDateTime(), now);
+    EXPECT_TRUE(past.endsWith(QStringLiteral(" yr. ago"))) << qPrintable(past);
+    EXPECT_TRUE(future.startsWith(QStringLiteral("in 3"))) << qPrintable(future);
+}
 
 }  // namespace
 }  // namespace pimloft

@@ -39,6 +39,12 @@ TEST(Thumbnails, showTheMiddleOfVeryWideAndVeryTallPictures) {
     EXPECT_EQ(sizeOf(test::image({30, 3000})), QStringLiteral("24 x 48"));
 }
 
+TEST(Thumbnails, endlessLinesAreNotEnlargedAsAWhole) {
+    // As a whole they would take gigabytes.
+    EXPECT_EQ(sizeOf(test::image({1, 500'000})), QStringLiteral("24 x 48"));
+    EXPECT_EQ(sizeOf(test::image({500'000, 1})), QStringLiteral("96 x 48"));
+}
+
 TEST(Thumbnails, tinyPicturesAreEnlarged) {
     EXPECT_EQ(sizeOf(test::image({1, 1})), QStringLiteral("48 x 48"));
 }
@@ -95,6 +101,20 @@ TEST(Thumbnails, thoseOfEntriesThatAreGoneAreDropped) {
         decoded(thumbnails, item.id, bytesOf(item));
     thumbnails.keepOnly({kept.id});
     EXPECT_TRUE(thumbnails.thumbnail(kept.id, bytesOf(kept)));
+    EXPECT_FALSE(thumbnails.thumbnail(gone.id, bytesOf(gone)));
+}
+
+TEST(Thumbnails, thoseOfEntriesThatGoWhileTheyAreDecodedAreDropped) {
+    const ClipboardItem gone = test::image({4000, 3000});
+    const ClipboardItem kept = test::image({60, 40});
+    Thumbnails thumbnails;
+    QSignalSpy spy(&thumbnails, &Thumbnails::decoded);
+    EXPECT_FALSE(thumbnails.thumbnail(gone.id, bytesOf(gone)));
+    thumbnails.keepOnly({kept.id});
+    EXPECT_TRUE(thumbnails.isEmpty());
+    // The one after it.
+    decoded(thumbnails, kept.id, bytesOf(kept));
+    EXPECT_EQ(spy.size(), 1);
     EXPECT_FALSE(thumbnails.thumbnail(gone.id, bytesOf(gone)));
 }
 
