@@ -65,7 +65,8 @@ void CutPasteEngine::start() {
         return;
     cutHotkeyID_ = registerHotkey(Key::x, Press::cut);
     pasteHotkeyID_ = registerHotkey(Key::v, Press::paste);
-    setActive(true);
+    isActive_ = true;
+    emit isActiveChanged();
 }
 
 void CutPasteEngine::stop() {
@@ -75,7 +76,8 @@ void CutPasteEngine::stop() {
     with_.hotkeys.unregister(pasteHotkeyID_);
     presses_.clear();
     questions_ = std::make_unique<QObject>();
-    setActive(false);
+    isActive_ = false;
+    emit isActiveChanged();
 }
 
 std::uint32_t CutPasteEngine::registerHotkey(KeyCode key, Press press) {
@@ -83,11 +85,6 @@ std::uint32_t CutPasteEngine::registerHotkey(KeyCode key, Press press) {
         if (engine)
             engine->take(press);
     });
-}
-
-void CutPasteEngine::setActive(bool active) {
-    if (std::exchange(isActive_, active) != active)
-        emit isActiveChanged();
 }
 
 bool CutPasteEngine::isFinderFrontmost() const {

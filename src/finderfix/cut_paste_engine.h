@@ -64,7 +64,6 @@ signals:
 private:
     enum class Press { cut, paste };
     std::uint32_t registerHotkey(KeyCode key, Press press);
-    void setActive(bool active);
     bool isFinderFrontmost() const;
     void take(Press press);
     void carryOutNext();

@@ -145,9 +145,8 @@ void AppcastParser::characters(QStringView text) {
 }
 
 void AppcastParser::endElement(QStringView name) {
-    if (name != item || !std::exchange(inItem_, false))
-        return;
-    items_.push_back({currentVersion_, currentReleaseNotes_.trimmed(), currentEnclosureURL_});
+    if (name == item)
+        items_.push_back({currentVersion_, currentReleaseNotes_.trimmed(), currentEnclosureURL_});
 }
 
 }  // namespace pimloft

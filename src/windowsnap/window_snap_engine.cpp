@@ -142,7 +142,7 @@ void WindowSnapEngine::updateOverlay() {
 }
 
 void WindowSnapEngine::endDrag() {
-    if (isDragging_ && currentSnapZone_ && currentScreen_) {
+    if (isDragging_ && currentSnapZone_) {
         const auto land = [this, zone = *currentSnapZone_, screen = *currentScreen_] {
             // A display that was disconnected during the drag is no place to put a window on; one that
             // changed is filled as it is now.
@@ -160,10 +160,10 @@ void WindowSnapEngine::endDrag() {
 void WindowSnapEngine::snapFocusedWindow(SnapZone zone, const std::optional<Display> &display) {
     const auto window = axWindows_.focusedWindow();
     const auto target = display ? display : displays_.mainDisplay();
-    if (!window || (!target && displays_.displays().empty()))
+    if (!window || !target)
         return;
     rememberFrame(*window);
-    axWindows_.setFrame(*window, targetFrame(zone, target ? *target : displays_.displays().front()));
+    axWindows_.setFrame(*window, targetFrame(zone, *target));
 }
 
 void WindowSnapEngine::snapFocusedWindow(const QRectF &rect) {

@@ -92,6 +92,28 @@ TEST_F(AppDelegateTest, completingTheFirstRunStartsTheModulesAndTellsNoNews) {
         EXPECT_TRUE(module->isEnabled()) << qPrintable(module->id());
 }
 
+TEST_F(AppDelegateTest, aSecondClickOnTheButtonThatEndsTheFirstRunClosesNothingMore) {
+    delegate.applicationDidFinishLaunching();
+    Onboarding &flow = *delegate.onboarding();
+    flow.next();
+    flow.next();
+    flow.permission()->skip();
+    flow.getStarted();
+    views.log();
+    flow.getStarted();
+    EXPECT_EQ(views.log(), "");
+    EXPECT_TRUE(modulesRun());
+}
+
+TEST_F(AppDelegateTest, aSecondClickOnTheButtonOfTheNewsClosesNothingMore) {
+    hasOnboarded();
+    delegate.applicationDidFinishLaunching();
+    delegate.whatsNew()->dismiss();
+    views.log();
+    delegate.whatsNew()->dismiss();
+    EXPECT_EQ(views.log(), "");
+}
+
 TEST_F(AppDelegateTest, theSecondLaunchTellsTheNewsOfTheSameVersion) {
     hasOnboarded();
     delegate.applicationDidFinishLaunching();

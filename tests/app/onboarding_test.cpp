@@ -173,6 +173,15 @@ TEST_F(OnboardingTest, theReturnKeyDoesWhatTheStepIsAbout) {
     EXPECT_EQ(completions, 1);
 }
 
+TEST_F(OnboardingTest, theReturnKeyOpensNoSettingsOnceThePermissionIsThere) {
+    desktop.windows.trusted = true;
+    goToPermission();
+    desktop.log();
+    flow.proceed();
+    EXPECT_EQ(desktop.log(), "");
+    EXPECT_EQ(flow.currentStep(), Onboarding::Permission) << "the step is left by itself";
+}
+
 TEST_F(OnboardingTest, listsTheModulesInTheirOrderWithWhatIsSaidOfThemHere) {
     QStringList lines;
     for (const QVariant &row : flow.modules()) {

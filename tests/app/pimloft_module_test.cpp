@@ -53,6 +53,10 @@ TEST_F(Module, isEnabledUnlessTheUserSwitchedItOff) {
     EXPECT_FALSE(TestModule(log, settings).isEnabled());
 }
 
+TEST_F(Module, unfoldsNothingInTheTrayPanelUnlessItSaysSo) {
+    EXPECT_FALSE(TestModule(log, settings).property("panelView").isValid());
+}
+
 TEST_F(Module, isNotStartedByBeingMade) {
     log.take();
     TestModule module(log, settings);

@@ -132,6 +132,13 @@ TEST_F(CutPaste, afterStopThePressesDoNothing) {
     EXPECT_EQ(buffer(), "/home/a.txt") << "what was cut stays cut";
 }
 
+TEST_F(CutPaste, aPressThatIsStillOnItsWayWhenItStopsDoesNothing) {
+    desktop.hotkeys.press(Key::x, CarbonModifiers::command);
+    engine->stop();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(scripting.asked, "");
+}
+
 TEST_F(CutPaste, thePressesOfAnEngineThatIsGoneDoNothing) {
     desktop.hotkeys.press(Key::x, CarbonModifiers::command);
     engine.reset();
@@ -291,6 +298,18 @@ TEST_F(CutPaste, aKeyThatIsHeldDownAsksNoMoreThanItMust) {
     scripting.answer(paths({QStringLiteral("/home/a.txt")}));
     scripting.answer(paths({QStringLiteral("/home/a.txt")}));
     EXPECT_EQ(scripting.asked, "selection\nselection\n");
+}
+
+TEST_F(CutPaste, pressesOfBothKeysAreAllCarriedOutInTheirOrder) {
+    press(Key::x);
+    press(Key::v);
+    press(Key::x);
+    scripting.answer(paths({QStringLiteral("/home/a.txt")}));
+    scripting.answer(paths({QStringLiteral("/target")}));
+    scripting.answer(paths({QStringLiteral("/home/b.txt")}));
+    EXPECT_EQ(scripting.asked, "selection\ntarget\nselection\n");
+    EXPECT_EQ(buffer(), "/home/b.txt");
+    EXPECT_TRUE(waitForFile("/target/a.txt"));
 }
 
 TEST_F(CutPaste, anAnswerAfterStopIsNotHeard) {

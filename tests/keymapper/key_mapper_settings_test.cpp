@@ -307,6 +307,13 @@ TEST_F(Rows, followTheRules) {
     EXPECT_EQ(model.count(), 2);
 }
 
+TEST_F(Rows, holdNothingBelowThemAndAnswerOnlyTheirRoles) {
+    import({mapping(1, 2)});
+    EXPECT_EQ(model.rowCount(model.index(0)), 0);
+    EXPECT_FALSE(model.data(model.index(0), Qt::DisplayRole).isValid());
+    EXPECT_FALSE(model.data({}, CustomMappingsModel::fromKeyCodeRole).isValid());
+}
+
 TEST_F(Rows, keepTheirPlaceWhenOneIsRemoved) {
     const KeyMappings rules{mapping(1, 2), mapping(3, 4), mapping(5, 6)};
     import(rules);
@@ -331,6 +338,8 @@ TEST_F(Rows, areListedAnewWhenMoreChanges) {
     EXPECT_EQ(rows(), "3>4");
     import({mapping(7, 8), mapping(9, 10)});
     EXPECT_EQ(rows(), "7>8 9>10");
+    import({mapping(9, 11)});
+    EXPECT_EQ(rows(), "9>11") << "one fewer, but not one that was there";
 }
 
 }  // namespace

@@ -13,6 +13,34 @@ using test::application;
 using test::AudioEngineTest;
 using test::self;
 
+TEST(AudioApp, equalsAnotherFieldByField) {
+    AudioApp app;
+    app.icon = QIcon(QPixmap(8, 8));
+    const auto differs = [&app](auto &&change) {
+        AudioApp other = app;
+        change(other);
+        return !(other == app);
+    };
+    EXPECT_FALSE(differs([](AudioApp &) {}));
+    EXPECT_TRUE(differs([](AudioApp &other) { other.id = 1; }));
+    EXPECT_TRUE(differs([](AudioApp &other) { other.name = QStringLiteral("Player"); }));
+    EXPECT_TRUE(differs([](AudioApp &other) { other.bundleID = QString(); }));
+    EXPECT_TRUE(differs([](AudioApp &other) { other.icon = QIcon(QPixmap(8, 8)); }));
+    EXPECT_TRUE(differs([](AudioApp &other) { other.volume = 0.5F; }));
+    EXPECT_TRUE(differs([](AudioApp &other) { other.isMuted = true; }));
+    EXPECT_TRUE(differs([](AudioApp &other) { other.isActive = true; }));
+}
+
+TEST(AudioOutputDevice, equalsAnotherFieldByField) {
+    const AudioOutputDevice device{.id = 1, .name = QStringLiteral("a"), .uid = QStringLiteral("b")};
+    EXPECT_TRUE(device == AudioOutputDevice(device));
+    EXPECT_FALSE(device == AudioOutputDevice({.id = 2, .name = device.name, .uid = device.uid}));
+    EXPECT_FALSE(device == AudioOutputDevice({.id = 1, .name = {}, .uid = device.uid}));
+    EXPECT_FALSE(device == AudioOutputDevice({.id = 1, .name = device.name, .uid = {}}));
+    EXPECT_FALSE(device ==
+                 AudioOutputDevice({.id = 1, .name = device.name, .uid = device.uid, .isDefault = true}));
+}
+
 TEST_F(AudioEngineTest, listsKnownApplicationsInTheDesktopsOrder) {
     start();
     run({application(9, "org.mozilla.firefox", "Firefox"), application(3, "com.spotify.client", "Spotify"),

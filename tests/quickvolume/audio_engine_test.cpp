@@ -97,6 +97,13 @@ TEST_F(AudioEngineTest, aDeviceWithoutOutputIsNoOutputDevice) {
     EXPECT_EQ(engine.outputDevices().front().id, std::uint32_t(speakers));
 }
 
+TEST_F(AudioEngineTest, aDeviceWhoseNameOrIdentifierCannotBeHadIsLeftOut) {
+    desktop.audio.at(speakers).nameKnown = false;
+    desktop.audio.add({.name = QStringLiteral("Headset"), .uidKnown = false});
+    start();
+    EXPECT_EQ(outputs(), "Headphones");
+}
+
 TEST_F(AudioEngineTest, withoutADefaultDeviceNoneIsMarked) {
     desktop.audio.chosen.reset();
     start();
@@ -125,6 +132,17 @@ TEST_F(AudioEngineTest, aDefaultDeviceWithoutVolumeLeavesTheVolumeAsItWas) {
     settle();
     EXPECT_EQ(engine.systemVolume(), 0.5F);
     EXPECT_TRUE(engine.isSystemMuted()) << "it still has a mute";
+}
+
+TEST_F(AudioEngineTest, aDefaultDeviceWithoutAMuteLeavesTheMuteAsItWas) {
+    desktop.audio.at(speakers).muted = true;
+    start();
+    desktop.audio.at(speakers).muted.reset();
+    engine.refreshSystemVolume();
+    engine.toggleSystemMute();
+    settle();
+    EXPECT_TRUE(engine.isSystemMuted());
+    EXPECT_EQ(desktop.log(), "");
 }
 
 TEST_F(AudioEngineTest, startingWithADeviceWithoutVolumeListensToNothing) {

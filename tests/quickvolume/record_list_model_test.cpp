@@ -29,6 +29,13 @@ TEST(RecordListModel, offersOneRole) {
     EXPECT_EQ(RecordListModel().roleNames().value(Qt::UserRole), QByteArray("record"));
 }
 
+TEST(RecordListModel, answersNothingForAnotherRoleOrNoRow) {
+    RecordListModel model;
+    model.replace(rows("a"));
+    EXPECT_FALSE(model.data(model.index(0), Qt::DisplayRole).isValid());
+    EXPECT_FALSE(model.data({}, Qt::UserRole).isValid());
+}
+
 TEST(RecordListModel, whatStaysIsNotTouched) {
     RecordListModel model;
     model.replace(rows("abc"));

@@ -88,6 +88,12 @@ TEST_F(Engine, aRefusedTapIsReportedAndLeavesTheShortcuts) {
     engine->stop();
 }
 
+TEST_F(Engine, watchesTheMouseOnceHoweverOftenItIsToldTo) {
+    engine->setupEventTap();
+    engine->setupEventTap();
+    EXPECT_EQ(desktop.log(), "watch the mouse\n");
+}
+
 TEST_F(Engine, stopsWatchingAndForgetsItsShortcuts) {
     engine->start();
     desktop.log();
@@ -242,6 +248,13 @@ TEST_F(Engine, snapsToAGivenDisplayOrRectangle) {
 TEST_F(Engine, aWindowThatClosesWhileItIsReadIsNotRemembered) {
     editor->readable = false;
     engine->snapFocusedWindow(SnapZone::left, std::nullopt);
+    EXPECT_TRUE(engine->previousFrames().empty());
+}
+
+TEST_F(Engine, aWindowWhoseSizeCannotBeHadIsPlacedButNotRemembered) {
+    editor->sizeKnown = false;
+    engine->snapFocusedWindow(SnapZone::left, std::nullopt);
+    EXPECT_EQ(desktop.log(), "place Editor at (0, 0) 960 x 1080\n");
     EXPECT_TRUE(engine->previousFrames().empty());
 }
 

@@ -50,12 +50,12 @@ bool FakeAudio::hasOutput(AudioDeviceId device) {
 
 std::optional<QString> FakeAudio::name(AudioDeviceId device) {
     const Device *found = read(device);
-    return found ? std::optional(found->name) : std::nullopt;
+    return found && found->nameKnown ? std::optional(found->name) : std::nullopt;
 }
 
 std::optional<QString> FakeAudio::uid(AudioDeviceId device) {
     const Device *found = read(device);
-    return found ? std::optional(QStringLiteral("uid of ") + found->name) : std::nullopt;
+    return found && found->uidKnown ? std::optional(QStringLiteral("uid of ") + found->name) : std::nullopt;
 }
 
 std::optional<float> FakeAudio::volume(AudioDeviceId device) {

@@ -21,6 +21,8 @@ public:
         std::optional<bool> muted = false;
         bool plugged = true;
         bool refuses = false;  ///< to be changed
+        bool nameKnown = true;
+        bool uidKnown = true;
     };
 
     std::optional<AudioDeviceId> defaultOutputDevice() override;

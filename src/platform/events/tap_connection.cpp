@@ -18,7 +18,7 @@ namespace {
 constexpr std::uint8_t allModifierBits = 0xff;
 constexpr std::uint16_t lockParts = XCB_XKB_STATE_PART_MODIFIER_LOCK | XCB_XKB_STATE_PART_GROUP_LOCK;
 
-/// 0 where the server lacks it.
+/// Nothing where the server lacks it.
 const xcb_query_extension_reply_t *extension(xcb_connection_t *connection, xcb_extension_t *id) {
     const auto *known = xcb_get_extension_data(connection, id);
     return known && known->present ? known : nullptr;

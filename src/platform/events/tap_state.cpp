@@ -8,14 +8,8 @@ namespace pimloft {
 
 namespace {
 
-constexpr KeyCode home{115};
-constexpr KeyCode end{119};
-
 constexpr KeyFlags operator&(KeyFlags a, KeyFlags b) {
     return KeyFlags(std::uint64_t(a) & std::uint64_t(b));
-}
-constexpr KeyFlags without(KeyFlags set, KeyFlags flags) {
-    return KeyFlags(std::uint64_t(set) & ~std::uint64_t(flags));
 }
 
 constexpr KeyFlags everyModifier = KeyFlags::shift | KeyFlags::control | KeyFlags::option | KeyFlags::command;
@@ -25,8 +19,8 @@ KeyEvent forThisPlatform(KeyEvent event, KeyCode before) {
     const bool isArrow = event.key == Key::leftArrow || event.key == Key::rightArrow;
     if (!isArrow || event.key == before || !contains(event.flags, KeyFlags::command))
         return event;
-    event.key = event.key == Key::leftArrow ? home : end;
-    event.flags = without(event.flags, KeyFlags::command);
+    event.key = event.key == Key::leftArrow ? Key::home : Key::end;
+    event.flags = event.flags - KeyFlags::command;
     return event;
 }
 
@@ -120,8 +114,8 @@ void TapState::press(const Physical &key, Instant now) {
             after = event.flags & everyModifier;
         }
     }
-    added_ = without(after, before);
-    removed_ = without(before, after);
+    added_ = after - before;
+    removed_ = before - after;
     changeSource_ = key.source;
     changeKey_ = key.key;
     withheld_.reset();

@@ -3,6 +3,8 @@
 
 #include "support/qt_printers.h"
 
+#include <QSysInfo>
+
 #include <gtest/gtest.h>
 
 namespace pimloft {
@@ -64,6 +66,11 @@ TEST(CopiedFiles, haveThePathsThatTheirBytesSay) {
     EXPECT_EQ(localPaths("file:///a%20b%0Ac\nfile:///caf%E9"),
               (std::vector<QByteArray>{"/a b\nc", "/caf\xe9"}));
     EXPECT_TRUE(localPaths("").empty());
+}
+
+TEST(CopiedFiles, areThisComputersWhereItsNameIsGiven) {
+    const QByteArray name = QSysInfo::machineHostName().toUtf8();
+    EXPECT_EQ(localPaths("file://" + name + "/a\nfile://elsewhere.example/b"), std::vector<QByteArray>{"/a"});
 }
 
 TEST(CopiedFiles, comeBackAsTheyWere) {

@@ -44,6 +44,7 @@ TEST(PasteTargets, tagsEachWishWithItsType) {
 
 TEST(PasteTargets, doesNotTakeAnEmptyPictureForOne) {
     EXPECT_EQ(wishesFor({PasteType::png}).front().understand("", ""), std::nullopt);
+    EXPECT_EQ(wishesFor({PasteType::png}).front().understand("", "x"), QByteArray("x"));
 }
 
 TEST(PasteTargets, offersTextAsEveryProgramAsksForIt) {

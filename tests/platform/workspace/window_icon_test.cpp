@@ -47,6 +47,10 @@ TEST(WindowIcon, isNullForWhatMakesNoSense) {
     EXPECT_TRUE(windowIcon(Property{16}).isNull());
     EXPECT_TRUE(windowIcon(Property{16, 16}).isNull());
     EXPECT_TRUE(windowIcon(Property{0, 0, 1, 2, 3}).isNull());
+    EXPECT_TRUE(windowIcon(Property{1, 0, 1, 2, 3}).isNull());
+    Property tall{1, 1025};
+    tall.resize(2 + 1025, 0xff00ff00);
+    EXPECT_TRUE(windowIcon(tall).isNull());
     EXPECT_TRUE(windowIcon(Property{0xffffffff, 0xffffffff, 1, 2}).isNull());
     EXPECT_TRUE(windowIcon(Property{0x10000, 0x10000, 1, 2}).isNull());
 }
