@@ -23,7 +23,9 @@
 #include <QApplication>
 #include <QLoggingCategory>
 #include <QProcessEnvironment>
+#include <QTimer>
 
+#include <chrono>
 #include <cstdio>
 
 namespace pimloft {
@@ -92,6 +94,8 @@ int run(QApplication &application, Instance &instance, CommandLine::Action actio
     };
     if (action == CommandLine::Action::openSettings)
         app.openSettings();
+    // What starting took is not needed again, and most days little else comes.
+    QTimer::singleShot(std::chrono::seconds(1), &application, [] { returnFreeMemory(); });
 
     // With no time for more: the windows' own server may be gone.
     host->onDesktopLost = [&delegate] { delegate.applicationWillTerminate(); };
