@@ -184,7 +184,7 @@ TEST_F(ClipboardPasteEverywhere, putsTextOfAnyLengthIntoAnEditor) {
         openPopup();
         pasteRow(0);
         all += text;
-        ASSERT_TRUE(waitUntil([&] { return content() == all; }, 10000))
+        ASSERT_TRUE(waitUntil([&] { return content() == all; }))
             << lines << " lines: " << content().size() << " of " << all.size();
     }
 }

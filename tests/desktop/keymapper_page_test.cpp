@@ -74,7 +74,7 @@ TEST_F(KeyMapperPage, aPresetThatIsKeptStays) {
 TEST_F(KeyMapperPage, aPresetThatIsNotKeptIsTakenBackByItself) {
     switchWindowsModeOn();
     EXPECT_EQ(controlC(), "Super AB03") << "it holds from the start";
-    EXPECT_TRUE(waitUntil([this] { return isStored(false); }, 15000));
+    EXPECT_TRUE(waitUntil([this] { return isStored(false); }));
     EXPECT_EQ(controlC(), "Control AB03");
 }
 

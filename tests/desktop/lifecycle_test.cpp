@@ -86,7 +86,7 @@ TEST_F(Lifecycle, opensItsSettingsWhenAsked) {
 
 TEST_F(Lifecycle, startsWithItsSettingsOpenWhenItDoesNotRunYet) {
     Program program(session(), {QStringLiteral("--settings")});
-    EXPECT_TRUE(waitUntil([&] { return hasSettingsWindow(); }, 10000));
+    EXPECT_TRUE(waitUntil([&] { return hasSettingsWindow(); }));
     program.signal(SIGTERM);
     EXPECT_EQ(program.waitForEnd(), 0);
     EXPECT_EQ(program.complaints().toStdString(), "");

@@ -190,7 +190,7 @@ protected:
                     return each;
             return std::nullopt;
         };
-        ASSERT_TRUE(waitUntil([&] { return tab().has_value(); }, 15000));
+        ASSERT_TRUE(waitUntil([&] { return tab().has_value(); }));
         reader->press(*tab());
         ASSERT_TRUE(waitUntil([this] { return shown() != "nothing"; }));
     }
@@ -204,7 +204,7 @@ protected:
         return "nothing";
     }
     void expectShown(const std::string &volume) {
-        EXPECT_TRUE(waitUntil([&] { return shown() == volume; }, 10000)) << shown() << " and not " << volume;
+        EXPECT_TRUE(waitUntil([&] { return shown() == volume; })) << shown() << " and not " << volume;
     }
 
     SoundServer sound{SoundServer::Kind::pulseAudio};

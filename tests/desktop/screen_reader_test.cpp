@@ -38,7 +38,7 @@ protected:
     std::string text(const QString &window) { return lines(heard(window)).toStdString(); }
     /// Waits until a line is told.
     void expectHeard(const QString &window, const std::string &line) {
-        EXPECT_TRUE(waitUntil([&] { return text(window).find(line + '\n') != std::string::npos; }, 15000))
+        EXPECT_TRUE(waitUntil([&] { return text(window).find(line + '\n') != std::string::npos; }))
             << "there is no \"" << line << "\" in\n"
             << text(window);
     }

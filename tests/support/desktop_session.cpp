@@ -155,7 +155,9 @@ void DesktopSession::startBus() {
     const QByteArray address = firstLine(*bus_, QStringLiteral("dbus-daemon"));
     if (address.isEmpty())
         fail(QStringLiteral("dbus-daemon does not come up"));
-    environment_.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QString::fromLatin1(address));
+    // Without the server's identity, as a login has it: another one may listen at the same place later.
+    environment_.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
+                        QString::fromLatin1(address.left(address.indexOf(','))));
 }
 
 std::unique_ptr<QProcess> DesktopSession::start(const QString &program, const QStringList &arguments) const {

@@ -60,7 +60,7 @@ private:
 };
 
 /// Turns the event loop until `condition` holds. False when it does not within `milliseconds`.
-bool waitUntil(const std::function<bool()> &condition, int milliseconds = 5000);
+bool waitUntil(const std::function<bool()> &condition, int milliseconds = 15000);
 
 /// The session that the running test binary was started with, where it asks for one.
 DesktopSession &currentSession();

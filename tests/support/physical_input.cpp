@@ -243,4 +243,14 @@ QSet<int> PhysicalInput::keysDownOnXTest() const {
     return keysIn(bits);
 }
 
+bool PhysicalInput::isKeyboardTaken() const {
+    int count = 0;
+    XIDeviceInfo *device = XIQueryDevice(server_->display, int(server_->keyboard->device_id), &count);
+    if (!device)
+        return false;
+    const bool isTaken = device->use == XIFloatingSlave;
+    XIFreeDeviceInfo(device);
+    return isTaken;
+}
+
 }  // namespace pimloft::test

@@ -52,6 +52,9 @@ public:
     QSet<int> keysDown() const;
     QSet<int> keysDownOnXTest() const;
 
+    /// Whether some program has the keyboard for itself.
+    bool isKeyboardTaken() const;
+
 private:
     struct Server;
     std::unique_ptr<Server> server_;

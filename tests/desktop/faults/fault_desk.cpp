@@ -40,8 +40,10 @@ void FaultDesk::TearDown() {
 
 void FaultDesk::startEverything(const Variables &variables) {
     startPimloft(variables);
-    EXPECT_TRUE(waitUntil([this] { return desktop().isKeyTaken(KEY_V, XCB_MOD_MASK_4); }, 10000));
-    EXPECT_TRUE(waitUntil([this] { return guard() != 0; }, 10000)) << "keys are not remapped";
+    EXPECT_TRUE(waitUntil([this] { return desktop().isKeyTaken(KEY_V, XCB_MOD_MASK_4); }));
+    // The guard is there before the keyboard is taken.
+    EXPECT_TRUE(waitUntil([this] { return guard() != 0 && hands().isKeyboardTaken(); }))
+        << "keys are not remapped";
 }
 
 pid_t FaultDesk::guard() {

@@ -36,8 +36,7 @@ ClipboardDesk::~ClipboardDesk() {
 
 void ClipboardDesk::startWatching() {
     startPimloft();
-    EXPECT_TRUE(
-        waitUntil([this] { return desktop().isKeyTaken(KEY_V, controlSuper | XCB_MOD_MASK_SHIFT); }, 10000));
+    EXPECT_TRUE(waitUntil([this] { return desktop().isKeyTaken(KEY_V, controlSuper | XCB_MOD_MASK_SHIFT); }));
 }
 
 std::vector<std::string> ClipboardDesk::history() {
@@ -56,8 +55,7 @@ void ClipboardDesk::expectNewest(const std::string &entry) {
         newest = all.empty() ? "(nothing)" : all.front();
         return newest == entry;
     };
-    EXPECT_TRUE(waitUntil(look, 10000))
-        << "the newest entry is \"" << newest << "\" and not \"" << entry << '"';
+    EXPECT_TRUE(waitUntil(look)) << "the newest entry is \"" << newest << "\" and not \"" << entry << '"';
 }
 
 void ClipboardDesk::copy(const QString &program, const QStringList &arguments, const QByteArray &input) {
@@ -97,12 +95,12 @@ xcb_window_t ClipboardDesk::openEditor(Editor editor) {
                                          QStringLiteral("XTerm*selectToClipboard: true"),
                                          QStringLiteral("-e"), QStringLiteral("sh"), QStringLiteral("-c"),
                                          QStringLiteral("cat > '%1'").arg(contentFile_)}));
-    EXPECT_TRUE(waitUntil([&] { return desktop().window(title).has_value(); }, 10000));
+    EXPECT_TRUE(waitUntil([&] { return desktop().window(title).has_value(); }));
     const xcb_window_t window = desktop().window(title).value_or(XCB_NONE);
     desktop().activate(window);
     EXPECT_TRUE(waitUntil([&] { return desktop().activeWindow() == window; }));
     // The terminal is usable once its shell has made the file.
-    EXPECT_TRUE(waitUntil([&] { return QFileInfo::exists(contentFile_); }, 10000));
+    EXPECT_TRUE(waitUntil([&] { return QFileInfo::exists(contentFile_); }));
     return window;
 }
 

@@ -68,20 +68,20 @@ Program &DesktopTest::startPimloft(const Variables &variables) {
 }
 
 void DesktopTest::expectShortcuts() {
-    EXPECT_TRUE(waitUntil([this] { return desktop().isKeyTaken(lastShortcut, controlSuper); }, 10000))
+    EXPECT_TRUE(waitUntil([this] { return desktop().isKeyTaken(lastShortcut, controlSuper); }))
         << "its shortcuts do not come up";
 }
 
 Program &DesktopTest::startPimloftWithoutShortcuts() {
     programs_.push_back(std::make_unique<Program>(session()));
-    EXPECT_TRUE(waitUntil([this] { return pimloft().isReachable(); }, 10000) && pimloft().answers())
+    EXPECT_TRUE(waitUntil([this] { return pimloft().isReachable(); }) && pimloft().answers())
         << "it does not come up";
     return pimloft();
 }
 
 void DesktopTest::goThroughFirstRun() {
     const QString title = QStringLiteral("Welcome to Pimloft");
-    ASSERT_TRUE(waitUntil([&] { return desktop().window(title) == desktop().activeWindow(); }, 10000))
+    ASSERT_TRUE(waitUntil([&] { return desktop().window(title) == desktop().activeWindow(); }))
         << "it does not begin";
     // Return goes on from every step but that of the permission, which leaves by itself.
     ASSERT_TRUE(waitUntil(
@@ -112,7 +112,7 @@ xcb_window_t DesktopTest::openWindow(Client client, const QString &title, const 
             session().start(QStringLiteral(CLIENTS "/qt_client"), QStringList{title} + arguments));
         break;
     }
-    const bool opened = waitUntil([&] { return desktop().window(title).has_value(); }, 10000);
+    const bool opened = waitUntil([&] { return desktop().window(title).has_value(); });
     EXPECT_TRUE(opened) << qPrintable(title) << " does not open its window";
     if (!opened)
         return XCB_NONE;

@@ -126,7 +126,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Theme{"Breeze Dark", true}, Theme{"HighContrast", false, true},
                     Theme{"HighContrastInverse", true, true}, Theme{"ContrastHigh", false, true},
                     Theme{"Yaru-hc", false, true}, Theme{"Orchis", false}, Theme{"Darkness", false},
-                    Theme{"Dark", true}));
+                    Theme{"Dark", true}, Theme{"Adwaita-inverse", true}));
 
 TEST(XSettings, mayAskForDarkWhateverTheTheme) {
     EXPECT_TRUE(prefersDark({{QStringLiteral("Net/ThemeName"), QStringLiteral("Adwaita")},

@@ -73,7 +73,7 @@ struct X11KeyGuardTest : TapDesk {
     }
 
     bool says(const char *what) {
-        return waitUntil([&] { return program->canReadLine() || program->waitForReadyRead(10); }, 10000) &&
+        return waitUntil([&] { return program->canReadLine() || program->waitForReadyRead(10); }) &&
                program->readLine().trimmed() == what;
     }
 

@@ -72,8 +72,8 @@ protected:
         return test::waitUntil([&] { return pasteboard_.changeCount() == count; });
     }
 
-    /// Returns when another program's copy has been noticed, also by Qt: it copies and pastes at the time of
-    /// the last event that it has seen, and the server refuses what is older than the last copy.
+    /// Returns when a copy that Qt has not made has been noticed, also by Qt: it copies and pastes at the
+    /// time of the last event that it has seen, and the server refuses what is older than the last copy.
     void awaitCopy(const std::function<void()> &copy) {
         bool isSeen = false;
         const qint64 before = pasteboard_.changeCount();

@@ -20,7 +20,7 @@ protected:
     LoanResult lend(const std::function<void()> &act) {
         std::optional<LoanResult> result;
         start(act, result);
-        EXPECT_TRUE(test::waitUntil([&] { return result.has_value(); }, 10000));
+        EXPECT_TRUE(test::waitUntil([&] { return result.has_value(); }));
         return result.value_or(LoanResult{});
     }
     std::uint64_t start(const std::function<void()> &act, std::optional<LoanResult> &result) {
@@ -71,7 +71,9 @@ TEST_F(X11PasteboardLoan, canBeMadeAgainAndAgain) {
 }
 
 TEST_F(X11PasteboardLoan, putsBackWhatThisProgramHadCopied) {
-    pasteboard_.write({{PasteType::html, "<b>rich</b>"}, {PasteType::plainText, "plain"}});
+    awaitCopy([this] {
+        pasteboard_.write({{PasteType::html, "<b>rich</b>"}, {PasteType::plainText, "plain"}});
+    });
     const qint64 count = pasteboard_.changeCount();
     EXPECT_EQ(lend([] { qtCopies(); }).answer.bytes, QByteArray("borrowed"));
     EXPECT_EQ(pasted("text/html"), "<b>rich</b>");
