@@ -40,7 +40,7 @@ void measureSound(Table &table, Extent extent);
 /// Moving files to another file system, beside what others do.
 void measureMoves(Table &table, Extent extent);
 
-/// The same of CopyQ, where it is installed.
+/// What the clipboard history of a peer takes, CopyQ, where it is installed.
 void measureCopyQ(Table &table, Extent extent);
 
 }  // namespace pimloft::bench

@@ -29,7 +29,7 @@ double longestStallUntil(Condition condition) {
     });
     turn.start(0);
     sinceTurn.start();
-    if (!test::waitUntil(condition, 10000))
+    if (!test::waitUntil(condition))
         qFatal("what is to be measured does not happen");
     return double(longest) / 1e6;
 }
@@ -53,7 +53,7 @@ Round measureRound(const test::DesktopSession &session, X11Pasteboard &pasteboar
     const auto owner = xclip(session, {QStringLiteral("-i")});
     owner->write(QByteArray(pictureSize, 'x'));
     owner->closeWriteChannel();
-    if (!test::waitUntil([&] { return pasteboard.changeCount() > before; }, 10000))
+    if (!test::waitUntil([&] { return pasteboard.changeCount() > before; }))
         qFatal("nothing is copied");
 
     forgetPeak();

@@ -28,14 +28,14 @@ bool Stage::shortcutsAreLive() const {
 
 Program &Stage::startPimloft() {
     pimloft_ = std::make_unique<Program>(session);
-    if (!waitUntil([this] { return shortcutsAreLive(); }, 10000))
+    if (!waitUntil([this] { return shortcutsAreLive(); }))
         qFatal("Pimloft does not come up: %s", qPrintable(pimloft_->complaints()));
     return *pimloft_;
 }
 
 xcb_window_t Stage::openWindow(const QString &program, const QStringList &arguments, const QString &title) {
     clients_.push_back(session.start(program, arguments));
-    if (!waitUntil([&] { return desktop.window(title).has_value(); }, 10000))
+    if (!waitUntil([&] { return desktop.window(title).has_value(); }))
         qFatal("%s does not open its window", qPrintable(program));
     const xcb_window_t window = *desktop.window(title);
     desktop.activate(window);
