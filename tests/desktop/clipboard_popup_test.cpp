@@ -11,6 +11,7 @@
 #include "ui/quick_view_host.h"
 
 #include <QGuiApplication>
+#include <QPointer>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -121,9 +122,12 @@ TEST_F(PopupOnADesktop, whatIsTypedIsLookedForAndReachesNobodyElse) {
 
 TEST_F(PopupOnADesktop, escapeClosesItAndGivesTheKeyboardBackAtOnce) {
     open();
+    const QPointer fading(window);
+    ASSERT_TRUE(waitUntil([&] { return fading->opacity() == 1; }));
     hands.tap(KEY_ESC);
-    // Before it has faded.
-    EXPECT_TRUE(waitUntil([this] { return isKeyboardBack(); }));
+    // Not only when it has faded.
+    EXPECT_TRUE(waitUntil([&] { return !fading || fading->opacity() < 1; }));
+    EXPECT_TRUE(isKeyboardBack());
     EXPECT_TRUE(hasClosed());
 }
 
