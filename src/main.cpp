@@ -147,10 +147,15 @@ int start(int argc, char **argv, CommandLine::Action action) {
     if (action == CommandLine::Action::doctor)
         return ask() ? 0 : diagnose();
 
-    const std::unique_ptr<Instance> instance = claimInstance(runtime, login);
-    if (instance)
-        return run(application, *instance, action);
-    return ask() ? 0 : complain(QStringLiteral("Pimloft is running but does not answer."));
+    std::unique_ptr<Instance> instance = claimInstance(runtime, login);
+    if (!instance) {
+        if (ask())
+            return 0;
+        // It may have been about to end.
+        instance = claimInstance(runtime, login);
+    }
+    return instance ? run(application, *instance, action)
+                    : complain(QStringLiteral("Pimloft is running but does not answer."));
 }
 
 }  // namespace

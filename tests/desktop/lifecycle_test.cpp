@@ -99,6 +99,15 @@ TEST_F(Lifecycle, endsWhenAskedByAnotherLaunch) {
     EXPECT_FALSE(snaps());
 }
 
+TEST_F(Lifecycle, isStartedAgainWhileTheOneBeforeIsEnding) {
+    startPimloft();
+    pimloft().signal(SIGTERM);
+    Program next(session());
+    EXPECT_EQ(pimloft().waitForEnd(), 0);
+    EXPECT_TRUE(waitUntil([&] { return next.answers(); })) << next.complaints().toStdString();
+    EXPECT_EQ(next.complaints().toStdString(), "");
+}
+
 TEST_F(Lifecycle, workWithoutASessionBus) {
     Variables noBus = {{QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("unix:path=/nowhere")}};
     startPimloft(noBus);

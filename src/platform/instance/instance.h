@@ -25,8 +25,8 @@ public:
 /// there is one already. `runtime` is the user's private folder for such things.
 std::unique_ptr<Instance> claimInstance(const QString &runtime, const QString &login);
 
-/// Asks the running instance and waits for its answer, at most 5 s. Nothing when none answers. Needs no
-/// QApplication, only a QCoreApplication.
+/// Asks the running instance and waits for its answer, at most 5 s. Nothing when there is none, or none any
+/// more, and when it does not answer. Needs no QApplication, only a QCoreApplication.
 std::optional<QString> askInstance(const QString &runtime, const QString &login, InstanceCommand command);
 
 }  // namespace pimloft

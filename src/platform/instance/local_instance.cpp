@@ -68,15 +68,23 @@ bool isLocked(const QString &path) {
     return !isFree;
 }
 
-/// Two programs may start at once: the one that has the lock may not listen yet.
-bool connectTo(QLocalSocket &socket, const InstancePaths &paths, const QDeadlineTimer &deadline) {
-    while (isLocked(paths.lock) && !deadline.hasExpired()) {
-        socket.connectToServer(paths.socket);
-        if (socket.waitForConnected(int(deadline.remainingTime())))
-            return true;
-        QThread::msleep(20);
+/// Nothing when it cannot be reached now, or hangs up.
+std::optional<QString> askOnce(const InstancePaths &paths, InstanceCommand command,
+                               const QDeadlineTimer &deadline) {
+    QLocalSocket socket;
+    socket.connectToServer(paths.socket);
+    if (!socket.waitForConnected(int(deadline.remainingTime())))
+        return std::nullopt;
+    socket.write(nameOf(command) + '\n');
+    QByteArray text;
+    while (!text.endsWith('\0')) {
+        const bool isReady =
+            socket.bytesAvailable() || socket.waitForReadyRead(int(deadline.remainingTime()));
+        if (!isReady || deadline.hasExpired())
+            return std::nullopt;
+        text += socket.readAll();
     }
-    return false;
+    return QString::fromUtf8(text.chopped(1));
 }
 
 /// ":0" and its screen ":0.0" are one login. What is no part of a file's name is replaced.
@@ -159,20 +167,13 @@ void LocalInstance::answer(QLocalSocket *socket, InstanceCommand command) {
 }
 
 std::optional<QString> askInstance(const QString &runtime, const QString &login, InstanceCommand command) {
+    const InstancePaths paths(runtime, login);
     const QDeadlineTimer deadline(connectPatience);
-    QLocalSocket socket;
-    if (!connectTo(socket, InstancePaths(runtime, login), deadline))
-        return std::nullopt;
-    socket.write(nameOf(command) + '\n');
-    QByteArray text;
-    while (!text.endsWith('\0')) {
-        const bool isReady =
-            socket.bytesAvailable() || socket.waitForReadyRead(int(deadline.remainingTime()));
-        if (!isReady || deadline.hasExpired())
-            return std::nullopt;
-        text += socket.readAll();
-    }
-    return QString::fromUtf8(text.chopped(1));
+    // One that is just coming up, or going, hangs up without an answer.
+    for (; isLocked(paths.lock) && !deadline.hasExpired(); QThread::msleep(20))
+        if (auto answer = askOnce(paths, command, deadline))
+            return answer;
+    return std::nullopt;
 }
 
 }  // namespace pimloft

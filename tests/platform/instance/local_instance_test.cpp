@@ -33,15 +33,21 @@ protected:
         return instance;
     }
 
-    /// Asks as another process would, while this one's event loop turns.
-    std::optional<QString> ask(InstanceCommand command) const {
-        auto answer =
-            std::async(std::launch::async, [=, this] { return askInstance(runtime(), login, command); });
+    /// Asks as another process would.
+    std::future<std::optional<QString>> asking(InstanceCommand command) const {
+        return std::async(std::launch::async, [=, this] { return askInstance(runtime(), login, command); });
+    }
+    /// While the event loop turns.
+    static std::optional<QString> whenReady(std::future<std::optional<QString>> &answer) {
         const auto isReady = [&] {
             return answer.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
         };
         EXPECT_TRUE(QTest::qWaitFor(isReady, 10000));
         return answer.get();
+    }
+    std::optional<QString> ask(InstanceCommand command) const {
+        auto answer = asking(command);
+        return whenReady(answer);
     }
 
     /// A stranger at the socket.
@@ -121,6 +127,29 @@ TEST_F(LocalInstanceTest, ofAnotherProcessIsRespectedUntilItIsKilled) {
     const auto instance = claim();
     ASSERT_NE(instance, nullptr);
     EXPECT_EQ(ask(InstanceCommand::doctor), QStringLiteral("done"));
+}
+
+TEST_F(LocalInstanceTest, thatEndsWithoutAnAnswerIsFollowedByTheNextAtOnce) {
+    auto ending = LocalInstance::claim(runtime(), login);
+    auto answer = asking(InstanceCommand::openPopover);
+    const auto another = stranger();
+    another->write("open-popover\n");
+    EXPECT_TRUE(isCutOff(*another));
+    const auto start = std::chrono::steady_clock::now();
+    ending.reset();
+    EXPECT_EQ(answer.get(), std::nullopt);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+    EXPECT_NE(claim(), nullptr);
+}
+
+TEST_F(LocalInstanceTest, thatIsJustComingUpIsAskedUntilItAnswers) {
+    const auto instance = LocalInstance::claim(runtime(), login);
+    auto answer = asking(InstanceCommand::doctor);
+    const auto another = stranger();
+    another->write("doctor\n");
+    EXPECT_TRUE(isCutOff(*another));
+    instance->onCommand = [](InstanceCommand) { return QStringLiteral("up"); };
+    EXPECT_EQ(whenReady(answer), QStringLiteral("up"));
 }
 
 TEST_F(LocalInstanceTest, thatHangsIsGivenUp) {
