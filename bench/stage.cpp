@@ -27,6 +27,7 @@ bool Stage::shortcutsAreLive() const {
 }
 
 Program &Stage::startPimloft() {
+    pimloft_.reset();
     pimloft_ = std::make_unique<Program>(session);
     if (!waitUntil([this] { return shortcutsAreLive(); }))
         qFatal("Pimloft does not come up: %s", qPrintable(pimloft_->complaints()));
