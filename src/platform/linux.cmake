@@ -18,6 +18,7 @@ set_target_properties(pimloft_x11_keys PROPERTIES AUTOMOC OFF)
 pimloft_library(pimloft_platform_linux
     SOURCES
         linux_host.cpp
+        x11/client_process.cpp x11/client_process.h
         x11/key_positions.h
         x11/keymap_image.cpp x11/keymap_image.h
         x11/point_space.cpp x11/point_space.h
@@ -38,6 +39,8 @@ pimloft_library(pimloft_platform_linux
         x11/x11_session.cpp x11/x11_session.h
         x11/x11_window_geometry.cpp x11/x11_window_geometry.h
         x11/x11_window_info.cpp x11/x11_window_info.h
+        x11/xcb_extension.h
+        x11/xinput_version.cpp x11/xinput_version.h
         appearance/linux_appearance.cpp appearance/linux_appearance.h
         appearance/xsettings.cpp appearance/xsettings.h
         background.h

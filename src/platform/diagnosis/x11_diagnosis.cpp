@@ -3,15 +3,14 @@
 
 #include "platform/audio/pulse_audio.h"
 #include "platform/x11/x11_obstacle.h"
+#include "platform/x11/xinput_version.h"
 
 #include <QCoreApplication>
 #include <QDBusMessage>
 
-#include <xcb/xinput.h>
 #include <xcb/xtest.h>
 
 #include <algorithm>
-#include <cstring>
 
 namespace pimloft {
 
@@ -23,15 +22,9 @@ QString text(const char *english) {
 }
 
 /// "2.4", or an empty text where the extension is missing.
-QString xinputVersion(X11Session &session) {
-    if (!session.hasExtension(&xcb_input_id))
-        return {};
-    constexpr const char *name = "XInputExtension";
-    const auto cookie =
-        xcb_input_get_extension_version(session.connection(), std::uint16_t(std::strlen(name)), name);
-    const XcbReply<xcb_input_get_extension_version_reply_t> reply(
-        xcb_input_get_extension_version_reply(session.connection(), cookie, nullptr));
-    return reply ? QStringLiteral("%1.%2").arg(reply->server_major).arg(reply->server_minor) : QString();
+QString xinputText(X11Session &session) {
+    const auto version = xinputVersion(session.connection());
+    return version ? QStringLiteral("%1.%2").arg(version->major).arg(version->minor) : QString();
 }
 
 xcb_window_t selectionOwner(X11Session &session, const char *selection) {
@@ -91,7 +84,7 @@ Finding X11Diagnosis::mouseEvents() {
             text(QT_TRANSLATE_NOOP(
                 "Diagnosis", "The X server does not offer XInput 2.2: dragging a window does not snap it."))};
     default:
-        return {subject, true, text("XInput %1").arg(xinputVersion(session_))};
+        return {subject, true, text("XInput %1").arg(xinputText(session_))};
     }
 }
 
@@ -112,7 +105,7 @@ Finding X11Diagnosis::keyEvents() {
             text(QT_TRANSLATE_NOOP(
                 "Diagnosis", "The X server does not offer XTEST: shortcuts and key mappings do nothing."))};
     default:
-        return {subject, true, text("XInput %1 and XTEST").arg(xinputVersion(session_))};
+        return {subject, true, text("XInput %1 and XTEST").arg(xinputText(session_))};
     }
 }
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/selection_link.h"
 
-#include <xcb/res.h>
+#include "platform/x11/client_process.h"
+#include "platform/x11/xcb_extension.h"
+
 #include <xcb/xfixes.h>
 
 #include <algorithm>
@@ -13,11 +15,6 @@ namespace {
 
 /// What is read at once, in bytes: little enough for the server to serve others in between.
 constexpr std::uint32_t piece = 1 << 20;
-
-bool has(xcb_connection_t *connection, xcb_extension_t *extension) {
-    const xcb_query_extension_reply_t *known = xcb_get_extension_data(connection, extension);
-    return known && known->present;
-}
 
 XcbReply<xcb_get_property_reply_t> part(xcb_connection_t *connection, xcb_window_t window,
                                         xcb_atom_t property, qsizetype offset, std::uint32_t length) {
@@ -53,7 +50,7 @@ SelectionLink::~SelectionLink() {
 }
 
 void SelectionLink::watchOwner(xcb_atom_t selection) {
-    if (!isConnected() || !has(connection_, &xcb_xfixes_id))
+    if (!isConnected() || !hasExtension(connection_, &xcb_xfixes_id))
         return;
     const XcbReply<xcb_xfixes_query_version_reply_t> version(
         xcb_xfixes_query_version_reply(connection_, xcb_xfixes_query_version(connection_, 1, 0), nullptr));
@@ -129,19 +126,7 @@ xcb_window_t SelectionLink::owner(xcb_atom_t selection) {
 }
 
 std::optional<ProcessId> SelectionLink::process(xcb_window_t window) {
-    if (!isConnected() || !has(connection_, &xcb_res_id))
-        return std::nullopt;
-    const xcb_res_client_id_spec_t wanted{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
-    const auto cookie = xcb_res_query_client_ids(connection_, 1, &wanted);
-    const XcbReply<xcb_res_query_client_ids_reply_t> reply(
-        xcb_res_query_client_ids_reply(connection_, cookie, nullptr));
-    if (!reply)
-        return std::nullopt;
-    for (auto each = xcb_res_query_client_ids_ids_iterator(reply.get()); each.rem;
-         xcb_res_client_id_value_next(&each))
-        if (xcb_res_client_id_value_value_length(each.data) > 0)
-            return ProcessId(*xcb_res_client_id_value_value(each.data));
-    return std::nullopt;
+    return isConnected() ? clientProcess(connection_, window) : std::nullopt;
 }
 
 xcb_atom_t SelectionLink::type(xcb_window_t window, xcb_atom_t property) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/x11_session.h"
 
+#include "platform/x11/xcb_extension.h"
+
 #include <QAbstractEventDispatcher>
 #include <QSocketNotifier>
 
@@ -40,8 +42,7 @@ X11Session::~X11Session() {
 }
 
 bool X11Session::hasExtension(xcb_extension_t *extension) {
-    const xcb_query_extension_reply_t *known = xcb_get_extension_data(connection_, extension);
-    return known && known->present;
+    return pimloft::hasExtension(connection_, extension);
 }
 
 xcb_atom_t X11Session::atom(const char *name) {

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/x11/x11_window_info.h"
 
+#include "platform/x11/client_process.h"
 #include "platform/x11/x11_session.h"
-
-#include <xcb/res.h>
 
 #include <array>
 
@@ -28,24 +27,6 @@ constexpr std::array knownTypes = {
     NamedType{"_NET_WM_WINDOW_TYPE_DOCK", X11WindowType::dock},
 };
 
-std::optional<ProcessId> processByServer(X11Session &session, xcb_window_t window) {
-    if (!session.hasExtension(&xcb_res_id))
-        return std::nullopt;
-    const xcb_res_client_id_spec_t asked{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
-    const auto cookie = xcb_res_query_client_ids(session.connection(), 1, &asked);
-    const XcbReply<xcb_res_query_client_ids_reply_t> reply(
-        xcb_res_query_client_ids_reply(session.connection(), cookie, nullptr));
-    if (!reply)
-        return std::nullopt;
-    for (auto each = xcb_res_query_client_ids_ids_iterator(reply.get()); each.rem;
-         xcb_res_client_id_value_next(&each)) {
-        const bool isPid = each.data->spec.mask & XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID;
-        if (isPid && xcb_res_client_id_value_value_length(each.data) > 0)
-            return ProcessId(*xcb_res_client_id_value_value(each.data));
-    }
-    return std::nullopt;
-}
-
 }  // namespace
 
 X11WindowType windowType(X11Session &session, xcb_window_t window) {
@@ -60,7 +41,7 @@ std::optional<ProcessId> windowProcess(X11Session &session, xcb_window_t window)
     // The server knows whose id it would be, also when there is no such window.
     if (!session.exists(window))
         return std::nullopt;
-    if (const auto process = processByServer(session, window))
+    if (const auto process = clientProcess(session.connection(), window))
         return process;
     const auto claimed = session.property32(window, session.atom("_NET_WM_PID"));
     return claimed.empty() ? std::nullopt : std::optional(ProcessId(claimed.front()));
