@@ -8,6 +8,11 @@
 
 namespace pimloft {
 
+QUrl accessibilitySettings() {
+    return QUrl(
+        QStringLiteral("x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility"));
+}
+
 AccessibilityManager &AccessibilityManager::shared() {
     return Process::current().shared<AccessibilityManager>(
         [](Process &process) { return std::make_unique<AccessibilityManager>(process.platform().windows); });

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <QUrl>
 
 #include <functional>
 #include <memory>
@@ -11,6 +12,9 @@ class QTimer;
 namespace pimloft {
 
 class WindowService;
+
+/// Where the user gives the permission, as WorkspaceService opens it.
+QUrl accessibilitySettings();
 
 /// Whether the desktop trusts this process to observe and control other programs. Main thread.
 class AccessibilityManager : public QObject {

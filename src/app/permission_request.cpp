@@ -32,8 +32,7 @@ void PermissionRequest::appear() {
 }
 
 void PermissionRequest::openSystemSettings() {
-    workspace_.open(QUrl(
-        QStringLiteral("x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility")));
+    workspace_.open(accessibilitySettings());
     // Nothing ends the polling but the grant, which may come long after the page has gone.
     accessibilityManager_.startPolling(pollingInterval, [request = QPointer(this)] {
         if (request)

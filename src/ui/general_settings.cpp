@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/general_settings.h"
 
+#include "app/accessibility_manager.h"
 #include "app/bundle_info.h"
 #include "app/page.h"
 #include "platform/workspace/workspace.h"
@@ -19,8 +20,7 @@ Page GeneralSettings::page() {
 }
 
 void GeneralSettings::openAccessibilitySettings() {
-    workspace_.open(QUrl(
-        QStringLiteral("x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility")));
+    workspace_.open(accessibilitySettings());
 }
 
 QString GeneralSettings::appVersion() const {
