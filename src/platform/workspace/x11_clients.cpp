@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 
 namespace pimloft {
 
@@ -47,15 +48,21 @@ X11WindowNames names(const QByteArray &windowClass, const QByteArray &gtkApplica
             .gtkApplicationId = QString::fromUtf8(gtkApplicationId)};
 }
 
-/// Which process the server talks to, by the part of an id that all resources of one client share.
-std::map<std::uint32_t, ProcessId> processes(X11Session &session) {
-    std::map<std::uint32_t, ProcessId> result;
+std::optional<xcb_res_query_client_ids_cookie_t> askProcesses(X11Session &session) {
     if (!session.hasExtension(&xcb_res_id))
-        return result;
+        return std::nullopt;
     const xcb_res_client_id_spec_t everyClient{XCB_NONE, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
-    const auto cookie = xcb_res_query_client_ids(session.connection(), 1, &everyClient);
+    return xcb_res_query_client_ids(session.connection(), 1, &everyClient);
+}
+
+/// Which process the server talks to, by the part of an id that all resources of one client share.
+std::map<std::uint32_t, ProcessId> processes(X11Session &session,
+                                             std::optional<xcb_res_query_client_ids_cookie_t> asked) {
+    std::map<std::uint32_t, ProcessId> result;
+    if (!asked)
+        return result;
     const XcbReply<xcb_res_query_client_ids_reply_t> reply(
-        xcb_res_query_client_ids_reply(session.connection(), cookie, nullptr));
+        xcb_res_query_client_ids_reply(session.connection(), *asked, nullptr));
     if (!reply)
         return result;
     for (auto each = xcb_res_query_client_ids_ids_iterator(reply.get()); each.rem;
@@ -74,13 +81,12 @@ struct TaskWindow {
     std::vector<xcb_atom_t> claimedProcess;
 };
 
-/// The windows that a task bar shows.
-std::vector<TaskWindow> taskWindows(X11Session &session) {
+/// Those of the windows that a task bar shows.
+std::vector<TaskWindow> taskWindows(X11Session &session, const std::vector<xcb_window_t> &listed) {
     struct Question {
         xcb_window_t window;
         xcb_get_property_cookie_t windowClass, gtkApplicationId, types, states, process;
     };
-    const auto listed = session.property32(session.root(), session.atom("_NET_CLIENT_LIST"));
     std::vector<Question> questions;
     questions.reserve(listed.size());
     for (const xcb_window_t window : listed)
@@ -115,7 +121,10 @@ X11WindowNames windowNames(X11Session &session, xcb_window_t window) {
 
 std::vector<X11Client> x11Clients(X11Session &session) {
     const std::uint32_t withinClient = xcb_get_setup(session.connection())->resource_id_mask;
-    const auto connected = processes(session);
+    // Both at once: this is asked every other second, and each wait for the server wakes a processor up.
+    const auto askedProcesses = askProcesses(session);
+    const auto askedWindows = session.askProperty(session.root(), session.atom("_NET_CLIENT_LIST"));
+    const auto connected = processes(session, askedProcesses);
     std::vector<X11Client> result;
     const auto client = [&result](ProcessId process) -> X11Client & {
         const auto known = std::find_if(result.begin(), result.end(),
@@ -124,7 +133,7 @@ std::vector<X11Client> x11Clients(X11Session &session) {
     };
     for (const auto &entry : connected)
         client(entry.second);
-    for (const TaskWindow &task : taskWindows(session)) {
+    for (const TaskWindow &task : taskWindows(session, session.values32(askedWindows))) {
         const auto owner = connected.find(task.window & ~withinClient);
         if (owner == connected.end() && (!connected.empty() || task.claimedProcess.empty()))
             continue;  // of another computer, or gone
