@@ -67,7 +67,7 @@ Activity activityOf(pid_t process) {
         double nanoseconds = 0;
         std::ifstream(thread / "schedstat") >> nanoseconds;
         activity.cpuSeconds += nanoseconds / 1e9;
-        activity.wakeUps += valueOf((thread / "status").string(), "voluntary_ctxt_switches:");
+        activity.sleeps += valueOf((thread / "status").string(), "voluntary_ctxt_switches:");
     }
     return activity;
 }

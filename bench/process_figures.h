@@ -25,7 +25,7 @@ void forgetPeak();
 
 struct Activity {
     double cpuSeconds;  ///< of all its threads
-    double wakeUps;     ///< how often a thread of it went to sleep by itself
+    double sleeps;      ///< how often a thread of it went to sleep by itself
 };
 Activity activityOf(pid_t process);
 
