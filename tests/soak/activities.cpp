@@ -87,8 +87,7 @@ bool typeWithRules(SoakDesk &desk) {
         desk.hands.chord({KEY_LEFTCTRL, KEY_A});
         desk.hands.tap(KEY_DELETE);
     }
-    return waitUntil(
-        [&] { return desk.hands.keysDown().isEmpty() && desk.hands.keysDownOnXTest().isEmpty(); });
+    return desk.awaitKeys();
 }
 
 bool moveFiles(SoakDesk &desk) {

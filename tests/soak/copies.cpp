@@ -38,6 +38,7 @@ void copyFromAnEditor(SoakDesk &desk, xcb_window_t window, int number) {
     desk.hands.chord({KEY_LEFTCTRL, KEY_A});
     desk.hands.chord({KEY_LEFTCTRL, KEY_C});
     desk.hands.tap(KEY_DELETE);
+    desk.awaitKeys();
 }
 
 /// The kinds follow each other in one order, so that a history of a fixed length always holds the same mix.

@@ -138,6 +138,17 @@ bool SoakDesk::openPanel() {
     return isOpen;
 }
 
+bool SoakDesk::awaitKeys() {
+    // A key that nothing else presses. It does nothing by itself, and comes after all that were pressed
+    // before.
+    constexpr int last = KEY_RIGHTCTRL;
+    hands.press(last);
+    const bool hasArrived = waitUntil([&] { return hands.keysDown().contains(last); });
+    hands.release(last);
+    return waitUntil([&] { return hands.keysDown().isEmpty() && hands.keysDownOnXTest().isEmpty(); }) &&
+           hasArrived;
+}
+
 void SoakDesk::settle() const {
     say("ping");
 }

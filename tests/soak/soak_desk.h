@@ -37,6 +37,10 @@ public:
     bool openPanel();
     /// Waits until the program has done what it has begun: nobody is quicker than a panel takes the keyboard.
     void settle() const;
+    /// Waits until all keys have arrived where they were meant to: while keys are mapped they are passed on
+    /// one after the other, and who types quicker than that would go to the next window before its keys.
+    /// False when some key stays down.
+    bool awaitKeys();
     /// Says a word to the running program as another launch does, without starting one.
     void say(const char *command) const;
     std::string socket() const;
