@@ -9,6 +9,7 @@
 #include "ui/general_settings.h"
 #include "windowsnap/window_snap_module.h"
 
+#include <QKeyEvent>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -145,8 +146,12 @@ TEST_F(SettingsWindowTest, whatIsTypedAtOnceIsForTheNewPage) {
 TEST_F(SettingsWindowTest, whatIsTypedAfterItIsClosedIsForNobody) {
     const auto settings = openSettings();
     settings->select(1);
-    test::type(window, Qt::Key_Escape);
-    test::type(window, Qt::Key_Tab, Qt::ControlModifier);
+    // Both before the page is there, however quick the machine.
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QKeyEvent next(QEvent::KeyPress, Qt::Key_Tab, Qt::ControlModifier);
+    QCoreApplication::sendEvent(window, &escape);
+    QCoreApplication::sendEvent(window, &next);
+    EXPECT_TRUE(window->isVisible());
     EXPECT_TRUE(QTest::qWaitFor([&] { return !window->isVisible(); }));
     QCoreApplication::processEvents();
     EXPECT_EQ(settings->selectedTab(), 1);
