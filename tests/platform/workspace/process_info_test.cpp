@@ -2,7 +2,6 @@
 #include "platform/workspace/process_info.h"
 
 #include <QProcess>
-#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -13,42 +12,44 @@ namespace pimloft {
 namespace {
 
 /// A program that runs until the end of the test, with or without being launched from a desktop entry.
-class Sleeper {
+class Launched {
 public:
-    explicit Sleeper(const char *launchedProcess) {
-        qputenv("GIO_LAUNCHED_DESKTOP_FILE", "/share/applications/sleeper.desktop");
+    explicit Launched(const char *launchedProcess) {
+        qputenv("GIO_LAUNCHED_DESKTOP_FILE", "/share/applications/cat.desktop");
         process_.setChildProcessModifier([launchedProcess] {
             const std::string own = std::to_string(getpid());
             setenv("GIO_LAUNCHED_DESKTOP_FILE_PID", launchedProcess ? launchedProcess : own.c_str(), 1);
         });
-        process_.start(QStringLiteral("/bin/sleep"), {QStringLiteral("60")});
-        process_.waitForStarted();
+        process_.start(QStringLiteral("/bin/cat"), {});
         qunsetenv("GIO_LAUNCHED_DESKTOP_FILE");
+        // Only a program that answers is known to be the one that was asked for.
+        process_.write("\n");
+        isRunning_ = process_.waitForReadyRead();
     }
-    ~Sleeper() {
+    ~Launched() {
         process_.kill();
         process_.waitForFinished();
     }
+    bool isRunning() const { return isRunning_; }
     ProcessId id() const { return ProcessId(process_.processId()); }
 
 private:
     QProcess process_;
+    bool isRunning_ = false;
 };
 
 TEST(ProcessInfo, tellsTheEntryThatTheProcessWasStartedFrom) {
-    const Sleeper sleeper(nullptr);
-    ASSERT_TRUE(
-        QTest::qWaitFor([&] { return processInfo(sleeper.id()).executable == QStringLiteral("sleep"); }));
-    const ProcessInfo info = processInfo(sleeper.id());
-    EXPECT_EQ(info.launchedEntry, QStringLiteral("/share/applications/sleeper.desktop"));
-    EXPECT_EQ(info.name, QStringLiteral("sleep"));
+    const Launched program(nullptr);
+    ASSERT_TRUE(program.isRunning());
+    const ProcessInfo info = processInfo(program.id());
+    EXPECT_EQ(info.launchedEntry, QStringLiteral("/share/applications/cat.desktop"));
+    EXPECT_EQ(info.name, QStringLiteral("cat"));
 }
 
 TEST(ProcessInfo, doesNotTakeItsParentsEntryForItsOwn) {
-    const Sleeper sleeper("1");
-    ASSERT_TRUE(
-        QTest::qWaitFor([&] { return processInfo(sleeper.id()).executable == QStringLiteral("sleep"); }));
-    EXPECT_EQ(processInfo(sleeper.id()).launchedEntry, QString());
+    const Launched program("1");
+    ASSERT_TRUE(program.isRunning());
+    EXPECT_EQ(processInfo(program.id()).launchedEntry, QString());
 }
 
 TEST(ProcessInfo, tellsWhichOfTwoProcessesStartedFirst) {
