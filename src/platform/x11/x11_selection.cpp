@@ -81,16 +81,13 @@ bool X11Selection::own(xcb_atom_t selection, HeldSelection content, xcb_timestam
     const std::lock_guard ownership(ownership_);
     {
         const std::lock_guard lock(mutex_);
-        ++shared_.offersOnTheirWay;
         held(selection) = std::move(content);
     }
     xcb_set_selection_owner(link_.connection(), link_.window(), selection, time);
     const bool isOwned = link_.owner(selection) == link_.window();
-    {
+    if (!isOwned) {
         const std::lock_guard lock(mutex_);
-        --shared_.offersOnTheirWay;
-        if (!isOwned)
-            held(selection) = {};
+        held(selection) = {};
     }
     // Events that came with the reply wait in memory, where the thread does not see them.
     wake();
@@ -243,15 +240,12 @@ void X11Selection::ownerChanged(const xcb_generic_event_t &event) {
 }
 
 void X11Selection::lost(xcb_atom_t selection) {
-    {
-        const std::lock_guard lock(mutex_);
-        if (shared_.offersOnTheirWay > 0)
-            return;  // may be of the offer before; what comes of this one, the offerer sees
-    }
-    const bool isOwned = link_.owner(selection) == link_.window();
+    // This may be told of the offer before: what is held is cleared only while no other one is being made.
+    const std::lock_guard ownership(ownership_);
+    if (link_.owner(selection) == link_.window())
+        return;
     const std::lock_guard lock(mutex_);
-    if (!isOwned && shared_.offersOnTheirWay == 0)
-        held(selection) = {};
+    held(selection) = {};
 }
 
 void X11Selection::takeRequests() {

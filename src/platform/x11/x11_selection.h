@@ -48,7 +48,6 @@ private:
     struct Shared {
         HeldSelection clipboard, primary;
         int noticesDue = 0;  ///< of own offers, which the server has not told of yet
-        int offersOnTheirWay = 0;
         std::vector<SelectionQuery> queries;
         std::vector<std::uint64_t> abandoned;
         std::vector<std::function<void()>> calls;  ///< to be made on the selection's thread
@@ -75,7 +74,7 @@ private:
     SelectionLink link_;
     const xcb_atom_t clipboard_;
     const int wakeUp_;      ///< an eventfd
-    std::mutex ownership_;  ///< held while the server is asked for it; before the other one
+    std::mutex ownership_;  ///< held while an offer is made or cleared; locked before the other one
     std::mutex mutex_;
     Shared shared_;
     std::atomic<qint64> changeCount_ = 0;
