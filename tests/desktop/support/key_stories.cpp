@@ -203,6 +203,8 @@ void KeyStoryTest::perform(const Step &step) {
     } else {
         pimloft().signal(step.verb == QLatin1String("crash") ? SIGKILL : SIGTERM);
         pimloft().waitForEnd();
+        // After a crash the guard lets go of what was pressed for the user, before the next key comes.
+        EXPECT_TRUE(waitUntil([this] { return hands().keysDownOnXTest().isEmpty(); })) << "a key is stuck";
     }
 }
 
