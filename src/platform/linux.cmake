@@ -2,7 +2,7 @@
 find_package(PkgConfig REQUIRED)
 find_package(Threads REQUIRED)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET
-    xcb xcb-randr xcb-res xcb-shape xcb-xfixes xcb-xinput xcb-xkb xcb-xtest xkbcommon xkbcommon-x11)
+    xcb xcb-randr xcb-res xcb-shape xcb-shm xcb-xfixes xcb-xinput xcb-xkb xcb-xtest xkbcommon xkbcommon-x11)
 pkg_check_modules(GIO REQUIRED IMPORTED_TARGET gio-unix-2.0)
 pkg_check_modules(PULSE REQUIRED IMPORTED_TARGET libpulse)
 
@@ -22,6 +22,7 @@ pimloft_library(pimloft_platform_linux
         x11/key_positions.h
         x11/keymap_image.cpp x11/keymap_image.h
         x11/point_space.cpp x11/point_space.h
+        x11/qt_connection.cpp x11/qt_connection.h
         x11/screen_lock.cpp x11/screen_lock.h
         x11/selection_content.h
         x11/selection_link.cpp x11/selection_link.h
@@ -130,6 +131,9 @@ pimloft_library(pimloft_platform_linux
         workspace/x11_workspace.cpp workspace/x11_workspace.h
     LINK pimloft_platform pimloft_x11_keys PkgConfig::XCB PkgConfig::GIO PkgConfig::PULSE Threads::Threads
         Qt6::Widgets Qt6::DBus Qt6::Network)
+
+# Qt's plugin finds the program's own in place of libxcb's: see qt_connection.cpp.
+target_link_options(pimloft_platform_linux INTERFACE -Wl,--export-dynamic-symbol=xcb_shm_query_version_reply)
 
 # GIO's headers come before any of Qt's, whose keywords they use as names.
 set_source_files_properties(

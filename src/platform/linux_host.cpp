@@ -23,6 +23,7 @@
 #include "platform/templates_menu/xdg_templates_menu.h"
 #include "platform/windows/x11_windows.h"
 #include "platform/workspace/x11_workspace.h"
+#include "platform/x11/qt_connection.h"
 #include "platform/x11/x11_active_window.h"
 #include "platform/x11/x11_compositor.h"
 #include "platform/x11/x11_end.h"
@@ -172,9 +173,7 @@ private:
 }  // namespace
 
 std::optional<QString> prepareDesktop() {
-    // On a Wayland desktop the program talks to its X server: the native one lets nobody place windows.
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "xcb");
+    chooseQtConnection();
     xcb_connection_t *connection = xcb_connect(nullptr, nullptr);
     const bool connected = !xcb_connection_has_error(connection);
     xcb_disconnect(connection);

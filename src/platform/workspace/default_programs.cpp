@@ -4,6 +4,8 @@
 
 #include "platform/workspace/default_programs.h"
 
+#include "platform/x11/qt_connection.h"
+
 #include <QCoreApplication>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -21,6 +23,15 @@ struct Unref {
 };
 
 using Program = std::unique_ptr<GAppInfo, Unref>;
+using Surroundings = std::unique_ptr<GAppLaunchContext, Unref>;
+
+/// What a program that is opened from here inherits.
+Surroundings surroundings() {
+    Surroundings context(g_app_launch_context_new());
+    for (const QByteArray &each : variablesForQt())
+        g_app_launch_context_unsetenv(context.get(), each.constData());
+    return context;
+}
 
 Program programFor(const QUrl &url) {
     if (!url.isLocalFile())
@@ -39,7 +50,7 @@ bool openWithDefaultProgram(const QUrl &url) {
         return false;
     QByteArray text = url.toEncoded();
     GList links{text.data(), nullptr, nullptr};
-    g_app_info_launch_uris_async(program.get(), &links, nullptr, nullptr, nullptr, nullptr);
+    g_app_info_launch_uris_async(program.get(), &links, surroundings().get(), nullptr, nullptr, nullptr);
     return true;
 }
 

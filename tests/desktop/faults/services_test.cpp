@@ -4,7 +4,10 @@
 #include "desktop/faults/fault_desk.h"
 #include "desktop/support/first_run.h"
 
+#include <atomic>
 #include <csignal>
+#include <cstdlib>
+#include <thread>
 
 namespace pimloft::test {
 namespace {
@@ -57,6 +60,46 @@ TEST_F(LostServer, isNoReasonToForgetWhatWasSetAMomentAgo) {
     letPimloftCatchUp();
     expectThatItEndsWithTheServer();
     EXPECT_TRUE(isStored(true));
+}
+
+/// A program that changes a property of the root window without a pause, of which everybody is told.
+class Flood {
+public:
+    Flood() : thread_([this] { run(); }) {}
+    ~Flood() {
+        ends_ = true;
+        thread_.join();
+    }
+
+private:
+    void run() {
+        xcb_connection_t *connection = xcb_connect(nullptr, nullptr);
+        const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+        while (!ends_ && !xcb_connection_has_error(connection)) {
+            for (int change = 0; change < 600; ++change)
+                xcb_change_property(connection, XCB_PROP_MODE_REPLACE, root, XCB_ATOM_CUT_BUFFER7,
+                                    XCB_ATOM_STRING, 8, 1, "x");
+            // The server has dealt with them all.
+            std::free(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+        }
+        xcb_disconnect(connection);
+    }
+
+    std::atomic<bool> ends_ = false;
+    std::thread thread_;
+};
+
+using BusyServer = FaultDesk;
+
+// Thousands of events before the answer to a request, which with some requests is the end of the connection.
+TEST_F(BusyServer, costsNoConnectionWhenPanelsComeUp) {
+    startEverything();
+    copyText("kept");
+    const Flood flood;
+    for (int round = 0; round < 5; ++round) {
+        expectThatPanelsOpenAndClose();
+        ASSERT_TRUE(pimloft().isRunning());
+    }
 }
 
 class LostBus : public FaultDesk {};

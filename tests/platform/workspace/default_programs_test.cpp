@@ -2,6 +2,7 @@
 #include "platform/workspace/default_programs.h"
 
 #include "platform/workspace/x11_workspace.h"
+#include "platform/x11/qt_connection.h"
 #include "support/desktop_session.h"
 
 #include <QDBusMessage>
@@ -24,8 +25,9 @@ protected:
     void SetUp() override {
         const QString data = currentSession().home() + QStringLiteral("/data/applications");
         QDir().mkpath(data);
-        write(script_, "#!/bin/sh\nprintf '%s' \"$1\" > '" + QFile::encodeName(opened_) + ".new'\nmv '" +
-                           QFile::encodeName(opened_) + ".new' '" + QFile::encodeName(opened_) + "'\n");
+        write(script_, "#!/bin/sh\nenv > '" + QFile::encodeName(environment_) + "'\nprintf '%s' \"$1\" > '" +
+                           QFile::encodeName(opened_) + ".new'\nmv '" + QFile::encodeName(opened_) +
+                           ".new' '" + QFile::encodeName(opened_) + "'\n");
         chmod(QFile::encodeName(script_).constData(), 0700);
         write(data + QStringLiteral("/opener.desktop"),
               "[Desktop Entry]\nType=Application\nName=Opener\nExec=" + QFile::encodeName(script_) +
@@ -50,13 +52,37 @@ protected:
         return text.startsWith(u'/') ? QUrl::fromLocalFile(text).toString() : text;
     }
 
+    /// What the program that was opened last inherited.
+    QByteArrayList environment() const {
+        QFile file(environment_);
+        return file.open(QIODevice::ReadOnly) ? file.readAll().split('\n') : QByteArrayList();
+    }
+
     const QString script_ = currentSession().home() + QStringLiteral("/opener");
     const QString opened_ = currentSession().home() + QStringLiteral("/opened");
+    const QString environment_ = currentSession().home() + QStringLiteral("/environment");
 };
 
 TEST_F(DefaultPrograms, openALink) {
     EXPECT_TRUE(openWithDefaultProgram(QUrl(QStringLiteral("https://example.org/a?b=c%20d"))));
     EXPECT_EQ(opened(), QStringLiteral("https://example.org/a?b=c%20d"));
+}
+
+TEST_F(DefaultPrograms, areNotToldWhatIsOnlyForQt) {
+    qunsetenv("QT_QPA_PLATFORM");
+    chooseQtConnection();
+    ASSERT_EQ(qgetenv("QT_QPA_PLATFORM"), "xcb");
+    ASSERT_TRUE(openWithDefaultProgram(QUrl(QStringLiteral("https://example.org/"))));
+    opened();
+    EXPECT_FALSE(environment().contains("QT_QPA_PLATFORM=xcb"));
+}
+
+TEST_F(DefaultPrograms, areToldWhatTheUserHasChosen) {
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    chooseQtConnection();
+    ASSERT_TRUE(openWithDefaultProgram(QUrl(QStringLiteral("https://example.org/"))));
+    opened();
+    EXPECT_TRUE(environment().contains("QT_QPA_PLATFORM=xcb"));
 }
 
 TEST_F(DefaultPrograms, areMissingForALinkThatNobodyKnows) {
