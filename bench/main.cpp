@@ -41,8 +41,8 @@ int main(int argc, char **argv) {
     parser.setApplicationDescription(QStringLiteral("Prints each figure beside its budget."));
     parser.addHelpOption();
     parser.addOption({QStringLiteral("quick"), QStringLiteral("Fewer samples, no minute-long waits.")});
-    parser.addOption({QStringLiteral("samples"), QStringLiteral("Where the samples are kept."),
-                      QStringLiteral("folder"), QStringLiteral("bench")});
+    parser.addOption({QStringLiteral("samples"), QStringLiteral("Where the samples are kept, if at all."),
+                      QStringLiteral("folder")});
     parser.addPositionalArgument(
         QStringLiteral("name"),
         QStringLiteral("copyq, start, rest, drag, placement, keytap, pasteboard, popup, "

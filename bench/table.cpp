@@ -29,7 +29,8 @@ double quantile(std::vector<double> samples, double share) {
 }
 
 Table::Table(const QString &folder) : folder_(folder) {
-    QDir().mkpath(folder_);
+    if (!folder_.isEmpty())
+        QDir().mkpath(folder_);
     std::printf("%-58s %5s %9s %9s %9s %9s %6s\n", "", "unit", "budget", "median", "p99", "max", "n");
 }
 
@@ -65,6 +66,8 @@ void Table::print(const Figure &figure, const QString &name, const QString &besi
 }
 
 void Table::keep(const Figure &figure) const {
+    if (folder_.isEmpty())
+        return;
     QString name = figure.peer + QLatin1Char(' ') + figure.name;
     name = name.trimmed().replace(QRegularExpression(QStringLiteral("[^A-Za-z0-9]+")), QStringLiteral("-"));
     QFile file(folder_ + QLatin1Char('/') + name + QStringLiteral(".csv"));

@@ -21,10 +21,10 @@ struct Figure {
 /// The sample that `share` (0 to 1) of all do not exceed.
 double quantile(std::vector<double> samples, double share);
 
-/// Prints one line per figure of ours, with those of peers beside it, and keeps all samples. Main thread.
+/// Prints one line per figure of ours, with those of peers beside it, and may keep all samples. Main thread.
 class Table {
 public:
-    /// `folder` receives a file of comma-separated values per figure.
+    /// `folder` receives a file of comma-separated values per figure; empty: they are not kept.
     explicit Table(const QString &folder);
     /// Prints what peers did and we did not.
     ~Table();
