@@ -19,6 +19,8 @@ Rectangle {
     required property bool isPinned
     property bool isSelected: false
     readonly property bool isHovered: pointer.hovered
+    // Formatted text mostly begins with lines that are blank once its tags are gone, and two lines are all there is.
+    readonly property string words: preview.replace(/^\s*\n/, "")
     signal picked
     signal pasted
     signal deleted
@@ -30,7 +32,7 @@ Rectangle {
     border.width: isSelected && Theme.isHighContrast ? 2 : 0
     border.color: Theme.colors.accent
     Accessible.role: Accessible.ListItem
-    Accessible.name: preview
+    Accessible.name: words
     Accessible.description: [sourceApp, time, characters].filter(part => part).join(", ")
     Accessible.selectable: true
     Accessible.selected: isSelected
@@ -102,7 +104,7 @@ Rectangle {
                 active: !row.isImage
                 visible: active
                 sourceComponent: Label {
-                    text: row.preview
+                    text: row.words
                     font: Theme.callout
                     wrapMode: Text.Wrap
                     maximumLineCount: 2

@@ -103,6 +103,13 @@ TEST_F(PopupView, aRowShowsWhatItIsAndWhereItComesFrom) {
         EXPECT_TRUE(isSaid(text)) << text;
 }
 
+TEST_F(PopupView, aRowDoesNotBeginWithBlankLines) {
+    history.addText(" \n  indented\nmore");
+    open();
+    EXPECT_TRUE(isSaid("  indented"));
+    EXPECT_EQ(entries(), "  indented, first, second, third");
+}
+
 TEST_F(PopupView, typingGoesToTheSearchAtOnce) {
     open();
     typeText("ir");
