@@ -5,6 +5,7 @@
 #include <xcb/xcbext.h>
 
 #include <algorithm>
+#include <cstdint>
 
 namespace pimloft {
 
