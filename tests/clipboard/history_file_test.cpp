@@ -18,6 +18,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace pimloft {
 namespace {
@@ -65,6 +66,18 @@ struct History {
     std::vector<ClipboardItem> items;
     std::vector<HistoryPlace> places;
 };
+
+/// Replaces every byte of the file, which stays the same one.
+void scribbleOver(const QString &path) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    file.write(QByteArray(file.size(), '#'));
+    file.close();
+    // The clock of the file system is coarse: a change within its tick is told by its time only when that
+    // moved.
+    const timespec later[2] = {{0, UTIME_NOW}, {1, 0}};
+    ASSERT_EQ(utimensat(AT_FDCWD, QFile::encodeName(path).constData(), later, 0), 0);
+}
 
 std::vector<ClipboardItem> everyKind() {
     const auto id = [](char digit) {
@@ -213,16 +226,24 @@ TEST(HistoryFile, isEncodedAnewWhenSomebodyHasWrittenIntoIt) {
     History history;
     history.items = {text(QStringLiteral("a")), text(QStringLiteral("b"))};
     history.save();
-    QFile file(history.path);
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-    file.write(QByteArray(file.size(), '#'));
-    file.close();
-    // The clock of the file system is coarse: a change within its tick is told by its time only when that
-    // moved.
-    const timespec later[2] = {{0, UTIME_NOW}, {1, 0}};
-    ASSERT_EQ(utimensat(AT_FDCWD, QFile::encodeName(history.path).constData(), later, 0), 0);
+    scribbleOver(history.path);
     history.addOnTop(text(QStringLiteral("c")));
     ASSERT_EQ(history.save(), std::nullopt);
+    EXPECT_EQ(test::summary(history.read()), "c, a, b");
+}
+
+TEST(HistoryFile, isEncodedAnewWhenSomebodyWritesIntoItWhileItIsCopied) {
+    History history;
+    history.items = {text(QStringLiteral("a")), text(QStringLiteral("b"))};
+    history.save();
+    history.addOnTop(text(QStringLiteral("c")));
+    bool isTouched = false;
+    const auto failure = history.file->save(3, [&](std::size_t index) -> HistoryFile::Entry {
+        if (!std::exchange(isTouched, true))
+            scribbleOver(history.path);
+        return {history.items[index], history.places[index]};
+    });
+    EXPECT_EQ(failure, std::nullopt);
     EXPECT_EQ(test::summary(history.read()), "c, a, b");
 }
 

@@ -83,6 +83,16 @@ TEST_F(Entries, haveASymbolForEachKindAndALengthOnlyForTexts) {
               "doc.text|1 chars doc.richtext| photo| | chevron.left.forwardslash.chevron.right|");
 }
 
+TEST_F(Entries, haveAnIconOnlyForFiles) {
+    QPixmap icon(16, 16);
+    icon.fill(Qt::blue);
+    history.desktop.workspace.files = QIcon(icon);
+    history.hold({entry(FileURLContent{QUrl(QStringLiteral("file:///tmp/a.txt"))}), text("a.txt")});
+    const EntryList &entries = open();
+    EXPECT_FALSE(entries.data(entries.index(0), EntryList::fileIcon).value<QIcon>().isNull());
+    EXPECT_TRUE(entries.data(entries.index(1), EntryList::fileIcon).value<QIcon>().isNull());
+}
+
 TEST_F(Entries, theLengthIsThatOfTheWholeTextNotOfThePreview) {
     history.hold({text(QByteArray(5000, 'x').constData())});
     open();
@@ -100,13 +110,14 @@ TEST_F(Entries, aPictureComesWhenItIsDecoded) {
     ASSERT_TRUE(changed.wait());
     EXPECT_EQ(told(), "change 1");
     EXPECT_FALSE(entries.data(entries.index(1), EntryList::thumbnail).value<QImage>().isNull());
+    EXPECT_TRUE(entries.data(entries.index(1), EntryList::isImage).toBool());
 }
 
 TEST_F(Entries, whatCannotBeDecodedIsShownByItsPreview) {
     history.hold({entry(ImageContent{"no picture at all"})});
     EntryList &entries = open();
     QSignalSpy changed(&entries, &EntryList::dataChanged);
-    entries.data(entries.index(0), EntryList::isImage);
+    EXPECT_TRUE(entries.data(entries.index(0), EntryList::isImage).toBool()) << "nobody knows yet";
     ASSERT_TRUE(changed.wait());
     EXPECT_FALSE(entries.data(entries.index(0), EntryList::isImage).toBool());
     EXPECT_EQ(at(0, EntryList::preview), QStringLiteral("Image (17 bytes)"));
@@ -180,6 +191,44 @@ TEST_F(Entries, aRowThatIsNotThereHoldsNothing) {
     EntryList &entries = open();
     EXPECT_FALSE(entries.itemAt(-1));
     EXPECT_FALSE(entries.itemAt(1));
+    EXPECT_FALSE(entries.data({}, EntryList::preview).isValid());
+    EXPECT_FALSE(entries.data(entries.index(0), Qt::DecorationRole).isValid());
+}
+
+TEST_F(Entries, aPictureThatIsDecodedAfterASearchHasTakenItAwayChangesNoRow) {
+    const ClipboardItem picture = test::image({60, 40});
+    history.hold({text("t"), picture});
+    EntryList &entries = open();
+    QSignalSpy decoded(&thumbnails, &Thumbnails::decoded);
+    entries.data(entries.index(1), EntryList::thumbnail);
+    history.store.setSearchQuery(QStringLiteral("t"));
+    history.store.remove(picture);
+    told();
+    ASSERT_TRUE(decoded.wait());
+    EXPECT_EQ(told(), "");
+}
+
+TEST_F(Entries, thatShareAnIdAsInAFileOfSomebodyElseBeginAnew) {
+    const ClipboardItem first = text("odd 1");
+    ClipboardItem twin = text("odd 3!");
+    twin.id = first.id;
+    history.hold({first, text("even 2!"), twin});
+    const EntryList &entries = open();
+    const auto held = [&] {
+        QStringList rows;
+        for (int row = 0; row < entries.rowCount(); ++row)
+            rows << entries.itemAt(row)->preview();
+        return rows.join(QStringLiteral(", ")).toStdString();
+    };
+    history.store.setSearchQuery(QStringLiteral("3"));
+    EXPECT_EQ(told(), "reset");
+    EXPECT_EQ(held(), "odd 3!");
+    history.store.setSearchQuery({});
+    EXPECT_EQ(told(), "reset");
+    EXPECT_EQ(held(), "odd 1, even 2!, odd 3!");
+    history.store.setSearchQuery(QStringLiteral("!"));
+    EXPECT_EQ(told(), "reset");
+    EXPECT_EQ(held(), "even 2!, odd 3!");
 }
 
 TEST_F(Entries, followTheStoreThroughAnyChanges) {
