@@ -38,17 +38,8 @@ protected:
             if (copies_ % 3 == 0)
                 hands().chord({KEY_LEFTMETA, KEY_LEFTSHIFT, KEY_V});
             hands().chord({KEY_LEFTMETA, KEY_LEFTCTRL, KEY_LEFT});
-            awaitKeys();
             QCoreApplication::processEvents();
         }
-    }
-    /// Nobody presses hundreds of keys at once; Qt's connection to the server does not survive any number of
-    /// them.
-    void awaitKeys() {
-        constexpr int last = KEY_RIGHTCTRL;
-        hands().press(last);
-        waitUntil([&] { return hands().keysDown().contains(last) || !pimloft().isRunning(); });
-        hands().release(last);
     }
     std::string newest() const { return "text: copy " + std::to_string(copies_); }
     void remember() {
