@@ -3,10 +3,10 @@
 // tests beside those of what they serve: snapping_test, tray_test, volume_test.
 #include "desktop/faults/fault_desk.h"
 #include "desktop/support/first_run.h"
+#include "platform/x11/xcb_reply.h"
 
 #include <atomic>
 #include <csignal>
-#include <cstdlib>
 #include <thread>
 
 namespace pimloft::test {
@@ -80,7 +80,8 @@ private:
                 xcb_change_property(connection, XCB_PROP_MODE_REPLACE, root, XCB_ATOM_CUT_BUFFER7,
                                     XCB_ATOM_STRING, 8, 1, "x");
             // The server has dealt with them all.
-            std::free(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+            const XcbReply<xcb_get_input_focus_reply_t> reply(
+                xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
         }
         xcb_disconnect(connection);
     }
@@ -91,7 +92,7 @@ private:
 
 using BusyServer = FaultDesk;
 
-// Thousands of events before the answer to a request, which with some requests is the end of the connection.
+// Hundreds of events before the answer to a request, which with some requests is the end of the connection.
 TEST_F(BusyServer, costsNoConnectionWhenPanelsComeUp) {
     startEverything();
     copyText("kept");
